@@ -1,0 +1,163 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "driver/trace_reader.h"
+#include "report/state.h"
+
+// Every way to write into the report. All lines of a transmitted frame begin with the transmit indent; a word says
+// whether it writes it. Columns below count from the end of the indent:
+//
+//   0    6        15
+//     1:           CALL STATE(0x14)        title()
+//     2:           IE Length(0x01)         length_line()
+//     3:  1------- Extension Bit           a literal: octet tag, pattern, label
+//         -00----- Coding Standard         field()
+//
+// A literal is written as it stands, blanks and line end included, so that a report line is found by grep.
+
+// Continues the line with a text.
+inline void text(std::string_view literal) { std::memcpy(ofp.room(literal.size()), literal.data(), literal.size()); }
+
+// Begins a line: the transmit indent, 39 spaces, when direction is 0 (callers pass `flag`); nothing otherwise.
+inline void output(std::int32_t direction) {
+    if (direction == 0) {
+        text("                                       ");
+    }
+}
+
+// A whole literal line, or the first piece of one: indent and text.
+inline void line(std::string_view literal) {
+    output(flag);
+    text(literal);
+}
+
+// Reads the next octet into `value`, then begins its line. The indent is written before any test on the octet; where
+// no text of its own follows, it stays on the line and the next text continues it.
+inline void octet() {
+    input();
+    output(flag);
+}
+
+namespace detail {
+
+using Pattern = std::array<char, 8>;
+
+inline constexpr auto DASHES = std::bit_cast<std::uint64_t>(Pattern{'-', '-', '-', '-', '-', '-', '-', '-'});
+
+// An octet as eight characters, bit 8 first.
+inline constexpr auto OCTET_PATTERNS = [] {
+    std::array<std::uint64_t, 256> patterns{};
+    for (unsigned octet = 0; octet < 256; ++octet) {
+        Pattern pattern{};
+        for (unsigned position = 0; position < 8; ++position) {
+            pattern[position] = ((octet << position) & 0x80U) != 0 ? '1' : '0';
+        }
+        patterns[octet] = std::bit_cast<std::uint64_t>(pattern);
+    }
+    return patterns;
+}();
+
+// All bits set in the characters of bit positions hi..lo, indexed [hi][lo].
+inline constexpr auto FIELD_MASKS = [] {
+    std::array<std::array<std::uint64_t, 9>, 9> masks{};
+    for (unsigned hi = 1; hi <= 8; ++hi) {
+        for (unsigned lo = 1; lo <= hi; ++lo) {
+            Pattern mask{};
+            for (unsigned bit = lo; bit <= hi; ++bit) {
+                mask[8 - bit] = '\xFF';
+            }
+            masks[hi][lo] = std::bit_cast<std::uint64_t>(mask);
+        }
+    }
+    return masks;
+}();
+
+inline constexpr auto HEX_PAIRS = [] {
+    std::array<std::array<char, 2>, 256> pairs{};
+    constexpr std::string_view digits = "0123456789abcdef";
+    for (unsigned octet = 0; octet < 256; ++octet) {
+        pairs[octet] = {digits[octet >> 4U], digits[octet & 0x0FU]};
+    }
+    return pairs;
+}();
+
+}  // namespace detail
+
+// Indent, six spaces and the bit pattern: the bits of positions hi..lo (8 >= hi >= lo >= 1) as '1' and '0', '-' for
+// every other position. The caller continues with a space, the label and a line end.
+inline void bitwise(std::int32_t bit_field, unsigned hi, unsigned lo) {
+    output(flag);
+    const std::uint64_t inside = detail::FIELD_MASKS[hi][lo];
+    const std::uint64_t bits = detail::OCTET_PATTERNS[static_cast<std::uint32_t>(bit_field) & 0xFFU];
+    const std::uint64_t pattern = (bits & inside) | (detail::DASHES & ~inside);
+    char* piece = ofp.room(14);
+    std::memcpy(piece, "      ", 6);
+    std::memcpy(piece + 6, &pattern, sizeof pattern);
+}
+
+// A field of the octet in `value`: its bits hi..lo as a pattern line with a label (" Coding Standard\n").
+inline void field(unsigned hi, unsigned lo, std::string_view label) {
+    bitwise(value, hi, lo);
+    text(label);
+}
+
+// Continues the line with one of two texts, by the extension bit (bit 8) of the octet in `value`.
+inline void extension_bit(std::string_view when_1, std::string_view when_0) {
+    text((value & 0x80) != 0 ? when_1 : when_0);
+}
+
+// Whether the extension bit of the octet in `value` says that another octet of its group follows.
+inline bool extension_follows() { return (value & 0x80) == 0; }
+
+// Continues the line with an octet as two lower-case hexadecimal digits.
+inline void hex(std::int32_t octet) {
+    std::memcpy(ofp.room(2), detail::HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data(), 2);
+}
+
+// Continues the line with an octet as two upper-case hexadecimal digits (corrupt data and debug records).
+void upper_hex(std::int32_t octet);
+
+// Continues the line with a decimal number, no leading zeros.
+void decimal(std::int32_t number);
+
+// Continues the line with one byte as it is, printable or not.
+inline void character(std::int32_t octet) { *ofp.room(1) = static_cast<char>(octet); }
+
+// Continues the line with a name and the octet in `value`: "SETUP(0x05)\n".
+inline void named_octet(std::string_view name) {
+    text(name);
+    text("(0x");
+    hex(value);
+    text(")\n");
+}
+
+// Title line of an element, with the identifier in `value`: "  1:           CAUSE(0x08)\n". The dispatch has written
+// its indent.
+inline void title(std::string_view name) {
+    text("  1:           ");
+    named_octet(name);
+}
+
+// Reads the length octet into `ielength` and writes its line.
+void length_line();
+
+// Continues the line with an octet in hexadecimal between two texts: "  3:     0x40  Signal Value\n".
+inline void value_text(std::string_view before, std::int32_t octet, std::string_view after) {
+    text(before);
+    hex(octet);
+    text(after);
+}
+
+// Reads all octets left in the element (none when `ielength` is 0 or below), each a value line with the bits of mask.
+void value_lines(std::string_view before, std::int32_t mask, std::string_view after);
+
+// The same with the octet's number as the tag, counted from first: "  5:      0x41 User Data\n".
+void numbered_lines(std::int32_t first, std::string_view label);
+
+// Reads all octets left in the element into one line, six spaces in front, as they are, and the label behind them.
+void character_line(std::string_view label);

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+
+#include "report/report_stream.h"
+
+class TraceStream;
+
+// The state that all decoders share: one frame is decoded at a time, on one thread, and every decoder reads its
+// octets and writes its lines at once. The list is closed; a decoder that must remember something keeps a local.
+// Everything starts at zero.
+
+// Switch variants, numbered as the protocol code at the head of a trace (below 128 primary rate, from 128 basic rate).
+enum Variant : std::int32_t {
+    NO_VARIANT = 0,
+    PRI_4ESS = 2,  // 4ESS and 5ESS
+    PRI_DMS100 = 7,
+    PRI_VN3 = 9,
+    PRI_NTT = 11,
+    PRI_1TR6 = 12,
+    PRI_TPH1856 = 16,
+    PRI_NET5 = 17,
+    PRI_DASS2 = 20,
+    PRI_DPNSS_A = 23,
+    PRI_DPNSS_B = 24,
+    PRI_NI2 = 25,
+    BRI_5ESS = 129,
+    BRI_DMS100 = 130,
+    BRI_NTT = 131,
+    BRI_NET3 = 132,
+    BRI_NI1 = 133,
+    BRI_NI2 = 134,
+};
+
+// For a run -------------------------------------------------------------------------------------------------------
+
+extern TraceStream ifp;                // the trace, or the hex text made from a binary one; opened by the driver
+extern ReportStream ofp;               // the report; opened by the driver
+extern Variant swit;                   // switch variant; set once from the protocol code, then only read
+extern std::uint8_t BRItrace;          // 1 in a basic-rate trace: every record carries a line byte; set with swit
+extern std::int32_t Ticks_resolution;  // one tick lasts 5 times this in ms; set once, any 32-bit value
+extern std::int32_t First_Msg;         // 0 until the first time-stamp record has been shown, then 1
+extern char cTimeStamp[100];           // line for the next frames; empty until the second time-stamp record
+
+// For a record ----------------------------------------------------------------------------------------------------
+
+extern std::int32_t flag;            // direction: 1 receive, 0 transmit; set by layer 2, kept by other records
+extern std::int32_t msglen;          // octets of the record still unread, below 0 when too many were read; set by
+                                     // layer 2 from the length byte, lowered by every input()
+extern std::int32_t dsl;             // basic rate: line byte of the frame, 0..255; set by layer 2
+extern std::int32_t sapi;            // SAPI of the frame, 0..63; set by layer 2
+extern std::int32_t tei;             // TEI of the frame, 0..127; set by layer 2
+extern std::int32_t bCRflag;         // DASS2 and DPNSS: 1 command, 0 response; set by layer 2
+extern std::int32_t debug_msg;       // 1 from layer 2 seeing a debug record until the driver has shown it
+extern std::int32_t time_stamp_msg;  // 1 from layer 2 seeing a time-stamp record until the driver has shown it
+
+// For a message or an element -------------------------------------------------------------------------------------
+
+extern std::int32_t value;         // the octet last read by input(), 0..255
+extern std::int32_t prtcol_discr;  // protocol discriminator of the message, 0..255; set by layer 3
+extern std::int32_t Lock_shift;    // 1 from a locking shift to codeset 6 to the end of the message
+extern std::int32_t ielength;      // length octet of the element, counted down by its decoder, below 0 when more
+                                   // octets were decoded than it announced
+
+// Whether the trace's switch variant is one of those given.
+template <typename... Variants>
+inline bool variant_is(Variants... variants) {
+    return ((swit == variants) || ...);
+}
+
+// Lowers a count of octets by one. A count may go below 0, and over gigabytes of damage round to the top again.
+inline void count_down(std::int32_t& count) {
+    count = static_cast<std::int32_t>(static_cast<std::uint32_t>(count) - 1U);
+}
