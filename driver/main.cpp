@@ -1,0 +1,159 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include "dpnss/layer2.h"
+#include "dpnss/layer3.h"
+#include "driver/binary_trace.h"
+#include "driver/command_line.h"
+#include "driver/files.h"
+#include "driver/protocol.h"
+#include "driver/time_stamp.h"
+#include "driver/trace_records.h"
+#include "driver/trace_stream.h"
+#include "q931/layer2.h"
+#include "q931/layer3.h"
+#include "report/lines.h"
+#include "report/run_end.h"
+#include "report/state.h"
+
+namespace {
+
+constexpr long BODY_OFFSET = 10;  // behind the trace header
+
+[[noreturn]] void fail_opening(const char* name) {
+    std::printf("Failed opening file %s\n", name);
+    end_run(1);
+}
+
+// Forms the report's default name, and creates the file at once. An old report is emptied only when it is opened.
+void default_destination() {
+    Parameter.Destination = std::string(Parameter.Source) + ".res";
+    const int descriptor = open_for_writing(Parameter.Destination->c_str(), {});
+    if (descriptor < 0) {
+        fail_opening(Parameter.Destination->c_str());
+    }
+    ::close(descriptor);
+}
+
+// Reads the trace header: 4 bytes seconds, 2 bytes milliseconds, 4 bytes not used; little-endian. Bytes that the file
+// does not have are zero.
+void read_trace_header() {
+    const int descriptor = ::open(Parameter.Source, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0) {
+        std::printf("Failed opening File %s \n", Parameter.Source);
+        return;
+    }
+    std::array<std::uint8_t, BODY_OFFSET> header{};
+    // At an offset, so that nothing is taken out of a pipe, which the run will refuse.
+    if (::pread(descriptor, header.data(), header.size(), 0) > 0) {
+        Timeb.time = static_cast<std::int32_t>(std::uint32_t{header[0]} | std::uint32_t{header[1]} << 8U |
+                                               std::uint32_t{header[2]} << 16U | std::uint32_t{header[3]} << 24U);
+        Timeb.millitm = static_cast<std::uint16_t>(header[4] | header[5] << 8U);
+    }
+    ::close(descriptor);
+}
+
+void open_report() {
+    const char* name = Parameter.Destination->c_str();
+    const int descriptor = open_for_writing(name, {ifp.descriptor()});
+    if (descriptor < 0 || !empty_file(descriptor)) {
+        std::printf("ERROR:Fail to open %s file.\n", name);
+        std::fputs(
+            "Info:The destination file may exist on your system and ready only\n"
+            "Suggestion:\nChange the permission. OR Delete the file to re-use same name. OR Use different "
+            "destination file name.\n",
+            stdout);
+        end_run(1);
+    }
+    ofp.attach(descriptor, name);
+}
+
+// Opens the trace and the report, and goes to the body of the trace.
+void open_files(const char* when_seek_fails) {
+    if (!ifp.open(Parameter.Source)) {
+        fail_opening(Parameter.Source);
+    }
+    open_report();
+    if (!ifp.seek(BODY_OFFSET)) {
+        std::fputs(when_seek_fails, stdout);
+        end_run(1);
+    }
+}
+
+void open_hex_trace() {
+    open_files("Seek Failed for Source File 1030\n");
+    std::fputs("KORVEL TRACE\n", stdout);
+}
+
+void open_binary_trace() {
+    open_files("Seek Failed 999\n");
+    Convert2Hex();
+    if (!ifp.open("pritemp.log")) {
+        std::fputs("Failed opening pritemp.log\n", stdout);
+        end_run(1);
+    }
+    std::fputs("BINARY TRACE \n", stdout);
+}
+
+void start_run(int argc, char** argv) {
+    read_command_line(argc, argv);
+    if (!Parameter.Destination) {
+        default_destination();
+    }
+    read_trace_header();
+    velmarix_header();
+    if (Parameter.Option != nullptr) {
+        open_hex_trace();
+    } else {
+        open_binary_trace();
+    }
+    read_protocol();
+    read_ticks_resolution();
+}
+
+void report_negative_length() { text("ERROR: Invalid value(s)\n"); }
+
+void decode_dpnss_record() {
+    ds2_layer2();
+    if (msglen < 0) {
+        report_negative_length();
+    } else if (msglen > 0) {
+        ds2_layer3();
+    }
+}
+
+// A length left below 0 by the frame before keeps a debug or time-stamp record from being shown: what it holds is then
+// taken as markers, and its kind stays noted until a frame without a layer 3 part.
+void decode_q931_record() {
+    layer_2();
+    if (msglen < 0) {
+        report_negative_length();
+    } else if (msglen > 0) {
+        layer_3();
+    } else if (debug_msg != 0) {
+        debug_record();
+    } else if (time_stamp_msg == 1) {
+        time_stamp_record();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    start_run(argc, argv);
+    const bool dpnss = variant_is(PRI_DASS2, PRI_DPNSS_A, PRI_DPNSS_B);
+    while (!ifp.eof()) {
+        if (dpnss) {
+            decode_dpnss_record();
+        } else {
+            decode_q931_record();
+        }
+        text("\n");
+    }
+    end_run(0);
+}

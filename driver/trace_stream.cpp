@@ -1,0 +1,132 @@
+#include "driver/trace_stream.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <limits>
+
+#include "driver/files.h"
+
+namespace {
+
+constexpr std::uint8_t SPACE = 16;
+constexpr std::uint8_t OTHER = 17;
+
+// Class of every character: the value of a hexadecimal digit, white space, or anything else.
+constexpr auto CLASSES = [] {
+    std::array<std::uint8_t, 256> classes{};
+    classes.fill(OTHER);
+    for (const char space : {' ', '\t', '\n', '\v', '\f', '\r'}) {
+        classes[static_cast<std::uint8_t>(space)] = SPACE;
+    }
+    for (std::uint8_t digit = 0; digit < 10; ++digit) {
+        classes['0' + digit] = digit;
+    }
+    for (std::uint8_t digit = 10; digit < 16; ++digit) {
+        classes['a' + digit - 10] = digit;
+        classes['A' + digit - 10] = digit;
+    }
+    return classes;
+}();
+
+// Class of what TraceStream::byte() returned; the end of the file belongs to no number and to no word.
+std::uint8_t class_of(int character) {
+    return character == TraceStream::END ? OTHER : CLASSES[static_cast<std::uint8_t>(character)];
+}
+
+}  // namespace
+
+bool TraceStream::open(const char* name) {
+    descriptor_ = open_for_reading(name);
+    eof_ = false;
+    next_ = limit_ = buffer_.data();
+    return descriptor_ >= 0;
+}
+
+bool TraceStream::seek(long offset) { return ::lseek(descriptor_, offset, SEEK_SET) == offset; }
+
+void TraceStream::close() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+        descriptor_ = -1;
+    }
+}
+
+// Fills the buffer and takes its first byte. The end of the file is met once: it is not asked for again.
+int TraceStream::refill() {
+    ssize_t count = -1;
+    while (!eof_ && count < 0) {
+        count = ::read(descriptor_, buffer_.data(), buffer_.size());
+        if (count < 0 && errno != EINTR) {
+            return END;
+        }
+        eof_ = count == 0;
+    }
+    if (eof_) {
+        return END;
+    }
+    next_ = buffer_.data();
+    limit_ = next_ + count;
+    return *next_++;
+}
+
+int TraceStream::skip_space() {
+    int character = byte();
+    while (class_of(character) == SPACE) {
+        character = byte();
+    }
+    return character;
+}
+
+void TraceStream::skip_word(int character) {
+    while (character != END && class_of(character) != SPACE) {
+        character = byte();
+    }
+    put_back(character);
+}
+
+void TraceStream::put_back(int character) {
+    if (character != END) {
+        --next_;
+    }
+}
+
+bool TraceStream::scan(std::uint32_t& number) {
+    for (;;) {
+        int character = skip_space();
+        if (character == END) {
+            return false;
+        }
+        const bool negative = character == '-';
+        if (negative || character == '+') {
+            character = byte();
+        }
+        bool digits = false;
+        if (character == '0') {
+            digits = true;  // "0x" with no digit behind it is 0
+            character = byte();
+            if (character == 'x' || character == 'X') {
+                character = byte();
+            }
+        }
+        std::uint64_t magnitude = 0;
+        bool overflow = false;
+        for (std::uint8_t digit = class_of(character); digit < SPACE; digit = class_of(character)) {
+            overflow = overflow || (magnitude >> 60U) != 0;
+            magnitude = magnitude << 4U | digit;
+            digits = true;
+            character = byte();
+        }
+        if (digits) {
+            put_back(character);
+            if (overflow) {
+                magnitude = std::numeric_limits<std::uint64_t>::max();  // whatever the sign
+            } else if (negative) {
+                magnitude = -magnitude;
+            }
+            number = static_cast<std::uint32_t>(magnitude);
+            return true;
+        }
+        skip_word(character);
+    }
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+// A trace file read forward through one fixed buffer: as hexadecimal text by scan(), or as raw bytes by byte().
+class TraceStream {
+ public:
+    // What byte() returns at the end of the file.
+    static constexpr int END = -1;
+
+    // Opens a file at its first byte, never waiting for one. False when it cannot be opened or is a folder.
+    [[nodiscard]] bool open(const char* name);
+
+    // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe).
+    [[nodiscard]] bool seek(long offset);
+
+    // Scans the next hexadecimal number as scanf's "%x" does: white space, an optional sign, an optional 0x, digits.
+    // The number is taken as 64 bits, all ones when it needs more, and cut to 32. Text that is no number is skipped up
+    // to the next white space. False when there is no further number.
+    [[nodiscard]] bool scan(std::uint32_t& number);
+
+    // The next byte, 0..255, or END; a read error counts as the end.
+    int byte() { return next_ != limit_ ? *next_++ : refill(); }
+
+    // Whether a read has met the end of the file; reaching the last byte alone does not set it.
+    [[nodiscard]] bool eof() const { return eof_; }
+
+    [[nodiscard]] int descriptor() const { return descriptor_; }
+
+    // Closes the file; harmless when none is open.
+    void close();
+
+ private:
+    int refill();
+    int skip_space();
+    void skip_word(int character);
+    void put_back(int character);
+
+    int descriptor_ = -1;
+    bool eof_ = false;
+    const std::uint8_t* next_ = nullptr;
+    const std::uint8_t* limit_ = nullptr;
+    std::array<std::uint8_t, 65536> buffer_;
+};
