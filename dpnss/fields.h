@@ -1,0 +1,11 @@
+#pragma once
+
+// The fields of DASS2 and DPNSS messages. The coded ones read their octets whether or not the record still has them;
+// the character fields read what is left of the record and print nothing, not even a title, when that is nothing.
+
+void service_ind_code();    // service indicator code: one octet, two when bit 8 of the first is 1
+void selection_field();     // characters to the end of the record
+void indication_field();    // characters to the end of the record
+void clear_rej_cause();     // one octet, with its text
+void maintenance_action();  // one octet, with its text
+void udc_control_field();   // one octet, with its text
