@@ -1,0 +1,5 @@
+#include "tests/program.h"
+
+#include <gtest/gtest.h>
+
+namespace {}  // namespace
