@@ -60,7 +60,7 @@ std::string hex_text(Random& random, const std::string& body) {
 void expect_clean_end(const std::string& body, bool hex) {
     const Folder folder;
     folder.write("trace", ZERO_HEADER + body);
-    const Run result = hex ? run(folder, {"trace", "report", "-d"}) : run(folder, {"trace", "report"});
+    const Outcome result = hex ? run(folder, {"trace", "report", "-d"}) : run(folder, {"trace", "report"});
     EXPECT_TRUE(result.status == 0 || result.status == 1) << result.status << "\n" << result.terminal;
     EXPECT_TRUE(result.status == 0 || folder.read("report").find("ERROR ABORT ") != std::string::npos ||
                 folder.read("report").find("Invalid Tx/Rx value: 0x") != std::string::npos);

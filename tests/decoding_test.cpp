@@ -1,4 +1,4 @@
-// The cases of tests/cases: octets in, report lines out. The format is described in tests/cases/README.md.
+// The cases of tests/cases: octets in, report lines out. CONTRIBUTING.md describes their format.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,73 +11,74 @@
 
 namespace {
 
-constexpr const char* SENDING_COMPLETE = "  1:           SENDING COMPLETE(0xa1)";
+constexpr const char* SENDING_COMPLETE = "  1:           SENDING COMPLETE(0xa1)\n";
 
-// An expected line and where it is expected.
-struct Line {
-    std::string text;
-    std::set<int> variants;  // of these variants, or of all but these; none: of all
-    bool all_but = false;
-    char direction = 0;  // of received or transmitted frames only: 'R' or 'T'
-    unsigned left_over = 0;
-    bool no_indent = false;
+// Expected lines and where they are expected.
+struct Lines {
+    std::string filter;      // "[!9 16R]": variants, '!' for all but these, 'R' or 'T' for one direction only
+    std::set<int> variants;  // none: all
+    std::string marks;       // '>' an indent more in front of the first line, '=' no indent, 'T' an indent in any case
+    std::string text;        // the lines, each with its line end
 
-    [[nodiscard]] bool in(int variant, char frame) const {
-        return (variants.empty() || variants.contains(variant) != all_but) && (direction == 0 || direction == frame);
+    [[nodiscard]] bool in(int variant, char direction) const {
+        const bool has_direction = filter.find_first_of("RT") != std::string::npos;
+        const bool all_but = filter.find('!') != std::string::npos;
+        return (variants.empty() || variants.contains(variant) != all_but) &&
+               (!has_direction || filter.find(direction) != std::string::npos);
     }
 };
 
 struct Case {
     std::string name;
     std::string file;
-    int at = 0;  // its line in the file
-    std::vector<int> variants{2};
+    std::set<int> variants{2};
     char kind = 0;  // 'e'lement, 'f'rame or 't'race
     std::string octets{};
     int status = 0;
-    std::vector<Line> lines{};
+    std::vector<Lines> expected{};
 };
 
 // "2 7 129-134" as single numbers.
-std::vector<int> numbers(std::string list) {
-    std::vector<int> all;
+std::set<int> numbers(const std::string& list) {
+    std::set<int> all;
     std::istringstream stream(list);
-    for (std::string item; stream >> item;) {
-        const auto dash = item.find('-');
-        const int first = std::stoi(item);
-        const int last = dash == std::string::npos ? first : std::stoi(item.substr(dash + 1));
-        for (int number = first; number <= last; ++number) {
-            all.push_back(number);
+    for (int first = 0; stream >> first;) {
+        int last = first;
+        if (stream.peek() == '-') {
+            stream.ignore() >> last;
+        }
+        for (; first <= last; ++first) {
+            all.insert(first);
         }
     }
     return all;
 }
 
-// "\xB5" as that byte.
-std::string unescape(std::string text) {
-    for (auto at = text.find("\\x"); at != std::string::npos; at = text.find("\\x", at + 1)) {
-        text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));
+// Every line of the text with the indent in front of it.
+std::string indented(const std::string& text, const std::string& indent) {
+    std::string all;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        all += indent + line + "\n";
     }
-    return text;
+    return all;
 }
 
-Line parse_line(std::string source) {
-    Line line;
-    if (source[0] == '[') {
-        std::string filter = source.substr(1, source.find(']') - 1);
-        source.erase(0, filter.size() + 2);
-        line.all_but = std::erase(filter, '!') != 0;
-        for (const char direction : {'R', 'T'}) {
-            line.direction = std::erase(filter, direction) != 0 ? direction : line.direction;
-        }
-        std::ranges::copy(numbers(filter), std::inserter(line.variants, line.variants.end()));
-    }
+Lines parse_lines(const std::string& source) {
+    Lines lines;
     const auto bar = source.find('|');
-    const std::string marks = source.substr(0, bar);
-    line.left_over = static_cast<unsigned>(std::ranges::count(marks, '>'));
-    line.no_indent = marks.find('=') != std::string::npos;
-    line.text = unescape(source.substr(bar + 1));
-    return line;
+    const auto filter_end = source[0] == '[' ? source.find(']') + 1 : 0;
+    lines.filter = source.substr(0, filter_end);
+    lines.marks = source.substr(filter_end, bar - filter_end);
+    std::string variants = lines.filter;
+    std::erase_if(variants, [](char letter) { return std::string_view("[]!RT").find(letter) != std::string::npos; });
+    lines.variants = numbers(variants);
+    lines.text = source.substr(bar + 1) + "\n";
+    std::ranges::replace(lines.text, '|', '\n');
+    for (auto at = lines.text.find("\\x"); at != std::string::npos; at = lines.text.find("\\x", at)) {
+        lines.text.replace(at, 4, 1, static_cast<char>(std::stoi(lines.text.substr(at + 2, 2), nullptr, 16)));
+    }
+    return lines;
 }
 
 void parse_key(Case& current, const std::string& source) {
@@ -100,15 +101,13 @@ std::vector<Case> read_cases() {
     for (const auto& entry : std::filesystem::directory_iterator(CASES)) {
         std::ifstream stream(entry.path());
         const std::string file = entry.path().stem();
-        int at = 0;
-        for (std::string source; entry.path().extension() == ".txt" && std::getline(stream, source);) {
-            ++at;
+        for (std::string source; std::getline(stream, source);) {
             if (source.starts_with("== ")) {
-                cases.push_back({.name = source.substr(3), .file = file, .at = at});
-            } else if (cases.empty() || cases.back().file != file || source.empty() || source[0] == '#') {
+                cases.push_back({.name = source.substr(3), .file = file});
+            } else if (cases.empty() || cases.back().file != file || source[0] == '#') {
                 continue;  // a table for another test, or a comment
-            } else if (std::string("[|>=").find(source[0]) != std::string::npos) {
-                cases.back().lines.push_back(parse_line(source));
+            } else if (std::string_view("[|>=T").find(source[0]) != std::string::npos) {
+                cases.back().expected.push_back(parse_lines(source));
             } else {
                 parse_key(cases.back(), source);
             }
@@ -117,54 +116,49 @@ std::vector<Case> read_cases() {
     return cases;
 }
 
-// The expected lines of a frame in one direction.
-std::string expected_lines(const Case& decoding, int variant, char direction) {
-    const std::string indent = direction == 'T' ? INDENT : "";
+std::string expected_report(const Case& decoding, int variant, char direction) {
     std::string all;
-    for (const Line& line : decoding.lines) {
-        if (line.in(variant, direction)) {
-            for (unsigned count = 0; count < line.left_over + 1 && !line.no_indent; ++count) {
+    for (const Lines& lines : decoding.expected) {
+        if (lines.in(variant, direction)) {
+            const auto marked = [&](char mark) { return lines.marks.find(mark) != std::string::npos; };
+            const std::string indent = marked('T') || (direction == 'T' && !marked('=')) ? INDENT : "";
+            for (auto left_over = std::ranges::count(lines.marks, '>'); left_over > 0; --left_over) {
                 all += indent;
             }
-            all += line.text + "\n";
+            all += indented(lines.text, indent);
         }
     }
     return all;
 }
 
-// One frame: its record in hex, and the report of it.
+// A frame's record in hex and its report.
 struct Frame {
-    std::string hex;
+    std::string record;
     std::string report;
 };
 
 Frame make_frame(const Case& decoding, int variant, char direction) {
-    const bool basic_rate = variant >= 128;
-    const std::string indent = direction == 'T' ? INDENT : "";
+    const bool transmitted = direction == 'T';
+    const std::string indent = transmitted ? INDENT : "";
     std::string octets = decoding.octets;
-    std::string report = indent + indent + (direction == 'T' ? "TRANSMIT" : "RECEIVE") + (basic_rate ? " (5)\n" : "\n");
+    std::string report = transmitted ? "TRANSMIT" : "RECEIVE";
+    report += variant >= 128 ? " (5)\n" : "\n";
     if (decoding.kind == 'e') {
         octets = "02 01 00 00 08 02 00 01 05" + octets;
-        for (const char* line : {direction == 'T' ? "Response=1   SAPI=0x00" : "Command=1   SAPI=0x00", "TEI=0x00",
-                                 "0x00 0x00  Information", "Dest=0   CR=0x0001", "SETUP(0x05)"}) {
-            report += indent + line + "\n";
-        }
+        report += transmitted ? "Response=1   SAPI=0x00\n" : "Command=1   SAPI=0x00\n";
+        report += "TEI=0x00\n0x00 0x00  Information\nDest=0   CR=0x0001\nSETUP(0x05)\n";
     }
-    report += expected_lines(decoding, variant, direction);
+    report = indent + indented(report, indent) + expected_report(decoding, variant, direction);
     if (decoding.kind == 'e' && octets.find(';') == std::string::npos) {
         octets += " a1";
-        if (!report.ends_with(std::string(SENDING_COMPLETE) + "\n")) {
-            report += indent + SENDING_COMPLETE + "\n";
-        }
+        report += report.ends_with(SENDING_COMPLETE) ? "" : indent + SENDING_COMPLETE;
     }
-    std::ostringstream hex;
-    hex << (direction == 'T' ? "54" : "52") << (basic_rate ? " 05 " : " ") << std::hex << bytes_of(octets).size() << " "
-        << octets.substr(0, octets.find(';')) << "\n";
-    return {hex.str(), report + "\n"};
+    octets = octets.substr(0, octets.find(';'));
+    std::ostringstream record;
+    record << (transmitted ? "54" : "52") << (variant >= 128 ? " 05 " : " ") << std::hex << bytes_of(octets).size()
+           << " ";
+    return {record.str() + octets + "\n", report + "\n"};
 }
-
-// The report without its first line, the protocol's.
-std::string behind_protocol(const std::string& report) { return report.substr(report.find('\n') + 1); }
 
 class Decoding : public testing::TestWithParam<Case> {};
 
@@ -173,27 +167,20 @@ TEST_P(Decoding, Report) {
     for (const int variant : decoding.variants) {
         SCOPED_TRACE("variant " + std::to_string(variant));
         std::ostringstream body;
-        body << std::hex << variant << " 02\n";
-        std::string expected;
-        if (decoding.kind == 't') {
-            body << decoding.octets;
-            expected = expected_lines(decoding, variant, 'R');
-            if (decoding.status == 1 && expected.ends_with("ERROR ABORT \n")) {
-                expected.pop_back();  // the one line of a report that is not ended
-            }
-        } else {
-            for (const char direction : {'R', 'T'}) {
-                const Frame frame = make_frame(decoding, variant, direction);
-                body << frame.hex;
-                expected += frame.report;
-            }
+        body << std::hex << variant << " 02\n" << (decoding.kind == 't' ? decoding.octets : "");
+        std::string expected = decoding.kind == 't' ? expected_report(decoding, variant, 'R') : "";
+        if (decoding.status == 1 && expected.ends_with("ERROR ABORT \n")) {
+            expected.pop_back();  // the one line of a report that is not ended
         }
+        for (const char direction : decoding.kind == 't' ? std::string() : "RT") {
+            const Frame frame = make_frame(decoding, variant, direction);
+            body << frame.record;
+            expected += frame.report;
+        }
+        const auto behind_protocol = [](const std::string& report) { return report.substr(report.find('\n') + 1); };
         EXPECT_EQ(behind_protocol(decode_hex(body.str(), decoding.status)), expected);
-        if (decoding.kind != 't' && variant == decoding.variants.front()) {
-            const Folder folder;
-            folder.write("trace", ZERO_HEADER + bytes_of(body.str()));
-            EXPECT_EQ(run(folder, {"trace", "report"}).status, 0);
-            EXPECT_EQ(behind_protocol(folder.read("report")), expected) << "as a binary trace";
+        if (decoding.kind != 't' && variant == *decoding.variants.begin()) {
+            EXPECT_EQ(behind_protocol(decode_binary(bytes_of(body.str()))), expected) << "as a binary trace";
         }
     }
 }
@@ -206,7 +193,7 @@ std::string test_name(const testing::TestParamInfo<Case>& decoding) {
     return name;
 }
 
-void PrintTo(const Case& decoding, std::ostream* stream) { *stream << decoding.file << ".txt:" << decoding.at; }
+void PrintTo(const Case& decoding, std::ostream* stream) { *stream << decoding.file; }
 
 INSTANTIATE_TEST_SUITE_P(Cases, Decoding, testing::ValuesIn(read_cases()), test_name);
 

@@ -38,6 +38,7 @@ int start(const Folder& folder, const std::vector<std::string>& arguments, const
     const int process = fork();
     if (process == 0) {
         const int output = open(folder.path(terminal).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+        setenv("TZ", "UTC", 1);
         if (chdir(folder.path("").c_str()) == 0 && dup2(output, 1) == 1 && dup2(output, 2) == 2) {
             execv(PROGRAM, argv.data());
         }
@@ -46,23 +47,31 @@ int start(const Folder& folder, const std::vector<std::string>& arguments, const
     return process;
 }
 
-Run finish(const Folder& folder, int process, const std::string& terminal) {
+Outcome finish(const Folder& folder, int process, const std::string& terminal) {
     int status = 0;
     waitpid(process, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), folder.read(terminal)};
 }
 
-Run run(const Folder& folder, const std::vector<std::string>& arguments) {
+Outcome run(const Folder& folder, const std::vector<std::string>& arguments) {
     return finish(folder, start(folder, arguments));
 }
 
-std::string decode_hex(const std::string& body, int status) {
+namespace {
+
+std::string decode(const std::string& body, int status, const std::vector<std::string>& arguments) {
     const Folder folder;
     folder.write("trace", ZERO_HEADER + body);
-    const Run result = run(folder, {"trace", "report", "-d"});
+    const Outcome result = run(folder, arguments);
     EXPECT_EQ(result.status, status) << result.terminal;
     return folder.read("report");
 }
+
+}  // namespace
+
+std::string decode_hex(const std::string& body, int status) { return decode(body, status, {"trace", "report", "-d"}); }
+
+std::string decode_binary(const std::string& body) { return decode(body, 0, {"trace", "report"}); }
 
 std::string contents(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);

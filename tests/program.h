@@ -27,20 +27,21 @@ class Folder {
     std::filesystem::path root_;
 };
 
-struct Run {
+struct Outcome {
     int status;            // exit status, or 1000 and the signal
     std::string terminal;  // standard output and standard error
 };
 
 // Starts the program in the folder; finish() waits for it.
 int start(const Folder& folder, const std::vector<std::string>& arguments, const std::string& terminal = "terminal");
-Run finish(const Folder& folder, int process, const std::string& terminal = "terminal");
+Outcome finish(const Folder& folder, int process, const std::string& terminal = "terminal");
 
 // Runs the program in the folder to its end.
-Run run(const Folder& folder, const std::vector<std::string>& arguments);
+Outcome run(const Folder& folder, const std::vector<std::string>& arguments);
 
-// Decodes a hex trace (its text behind the header), checks the status and gives the report.
+// Decodes a trace, given behind its header as hex text or as bytes, checks the status and gives the report.
 std::string decode_hex(const std::string& body, int status = 0);
+std::string decode_binary(const std::string& body);
 
 // A file's whole contents, and text with "41 42" made into bytes.
 std::string contents(const std::filesystem::path& file);
