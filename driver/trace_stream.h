@@ -14,7 +14,7 @@ class TraceStream {
     [[nodiscard]] bool open(const char* name);
 
     // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe).
-    [[nodiscard]] bool seek(long offset);
+    [[nodiscard]] bool seek(long offset);  // NOLINT(readability-make-member-function-const): it moves the file
 
     // Scans the next hexadecimal number as scanf's "%x" does: white space, an optional sign, an optional 0x, digits.
     // The number is taken as 64 bits, all ones when it needs more, and cut to 32. Text that is no number is skipped up
