@@ -6,9 +6,9 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
+#include "driver/command_line.h"
 #include "driver/files.h"
 #include "driver/trace_stream.h"
 #include "report/lines.h"
@@ -23,21 +23,38 @@ int ffptemp = -1;
 
 // Waits until no other run in this folder has the file locked. On a file system without locks the run goes on.
 void wait_for_turn(int descriptor) {
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
+        return;
+    }
+    std::fputs("Waiting for another run to finish with pritemp.log\n", stderr);
     while (::flock(descriptor, LOCK_EX) != 0 && errno == EINTR) {
     }
 }
 
+bool may_be_overwritten(int descriptor) {
+    return is_regular_file(descriptor) && !is_file(descriptor, Parameter.Source) &&
+           !is_file(descriptor, Parameter.Destination->c_str());
+}
+
+// The temporary file, locked and empty; -1 when there can be none.
 int create_temporary_file() {
-    const int descriptor = open_for_writing("pritemp.log", {ifp.descriptor(), ofp.descriptor()});
-    if (descriptor < 0) {
-        return -1;
-    }
-    wait_for_turn(descriptor);
-    if (!is_regular_file(descriptor) || !empty_file(descriptor)) {
+    for (;;) {
+        const int descriptor = open_for_writing("pritemp.log");
+        if (descriptor < 0) {
+            return -1;
+        }
+        const bool usable = may_be_overwritten(descriptor);
+        if (usable) {
+            wait_for_turn(descriptor);
+            if (is_file(descriptor, "pritemp.log") && empty_file(descriptor)) {
+                return descriptor;
+            }
+        }
         ::close(descriptor);
-        return -1;
+        if (!usable) {
+            return -1;
+        }  // else it was removed while this run waited
     }
-    return descriptor;
 }
 
 // Text on its way into the temporary file.
@@ -51,7 +68,7 @@ class HexText {
         fill_ += size;
     }
 
-    void octet(int byte) { append(detail::HEX_PAIRS[static_cast<std::size_t>(byte)].data(), 2); }
+    void octet(int byte) { append(hex_pair(byte), 2); }
 
     void flush() {
         if (!write_all(ffptemp, buffer_.data(), fill_)) {

@@ -6,12 +6,6 @@
 
 namespace {
 
-bool same_file(const struct stat& one, int descriptor) {
-    struct stat other {};
-    return descriptor >= 0 && ::fstat(descriptor, &other) == 0 && one.st_dev == other.st_dev &&
-           one.st_ino == other.st_ino;
-}
-
 int close_and_fail(int descriptor) {
     ::close(descriptor);
     return -1;
@@ -28,28 +22,23 @@ int open_for_reading(const char* name) {
     return descriptor;
 }
 
-int open_for_writing(const char* name, std::initializer_list<int> keep) {
+int open_for_writing(const char* name) {
     const int descriptor = ::open(name, O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666);
-    if (descriptor < 0) {
-        return -1;
-    }
-    struct stat status {};
-    if (::fstat(descriptor, &status) != 0) {
-        return close_and_fail(descriptor);
-    }
-    for (const int kept : keep) {
-        if (same_file(status, kept)) {
-            return close_and_fail(descriptor);
-        }
-    }
     // Only opening must not wait; writing into a pipe waits for its reader.
-    if (::fcntl(descriptor, F_SETFL, O_WRONLY) != 0) {
+    if (descriptor >= 0 && ::fcntl(descriptor, F_SETFL, O_WRONLY) != 0) {
         return close_and_fail(descriptor);
     }
     return descriptor;
 }
 
 bool empty_file(int descriptor) { return !is_regular_file(descriptor) || ::ftruncate(descriptor, 0) == 0; }
+
+bool is_file(int descriptor, const char* name) {
+    struct stat open_file {};
+    struct stat named_file {};
+    return ::fstat(descriptor, &open_file) == 0 && ::stat(name, &named_file) == 0 &&
+           open_file.st_dev == named_file.st_dev && open_file.st_ino == named_file.st_ino;
+}
 
 bool is_regular_file(int descriptor) {
     struct stat status {};

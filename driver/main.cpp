@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -30,12 +31,13 @@ constexpr long BODY_OFFSET = 10;  // behind the trace header
     end_run(1);
 }
 
-// Forms the report's default name, and creates the file at once. An old report is emptied only when it is opened.
+// Forms the report's default name, and creates the file at once, empty unless it is the trace itself.
 void default_destination() {
     Parameter.Destination = std::string(Parameter.Source) + ".res";
-    const int descriptor = open_for_writing(Parameter.Destination->c_str(), {});
-    if (descriptor < 0) {
-        fail_opening(Parameter.Destination->c_str());
+    const char* name = Parameter.Destination->c_str();
+    const int descriptor = open_for_writing(name);
+    if (descriptor < 0 || !(is_file(descriptor, Parameter.Source) || empty_file(descriptor))) {
+        fail_opening(name);
     }
     ::close(descriptor);
 }
@@ -60,8 +62,8 @@ void read_trace_header() {
 
 void open_report() {
     const char* name = Parameter.Destination->c_str();
-    const int descriptor = open_for_writing(name, {ifp.descriptor()});
-    if (descriptor < 0 || !empty_file(descriptor)) {
+    const int descriptor = open_for_writing(name);
+    if (descriptor < 0 || is_file(descriptor, Parameter.Source) || !empty_file(descriptor)) {
         std::printf("ERROR:Fail to open %s file.\n", name);
         std::fputs(
             "Info:The destination file may exist on your system and ready only\n"
@@ -100,7 +102,14 @@ void open_binary_trace() {
     std::fputs("BINARY TRACE \n", stdout);
 }
 
+// Makes a report that cannot be written on (nobody reads the pipe, the file may not grow) an error like any other.
+void ignore_write_signals() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
 void start_run(int argc, char** argv) {
+    ignore_write_signals();
     read_command_line(argc, argv);
     if (!Parameter.Destination) {
         default_destination();
@@ -128,7 +137,7 @@ void decode_dpnss_record() {
 }
 
 // A length left below 0 by the frame before keeps a debug or time-stamp record from being shown: what it holds is then
-// taken as markers, and its kind stays noted until a frame without a layer 3 part.
+// taken as markers, and its kind stays noted. The next record that leaves the length at 0 is shown as that kind.
 void decode_q931_record() {
     layer_2();
     if (msglen < 0) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <string_view>
 
 #include "driver/trace_reader.h"
 #include "driver/trace_stream.h"
@@ -63,10 +62,9 @@ std::int32_t scan_or_abort() {
 }  // namespace
 
 void read_protocol() {
-    value = scan_or_abort();
-    msglen = 0;
-    BRItrace = value >= 128 ? 1 : 0;
-    const Protocol protocol = BRItrace != 0 ? basic_rate(value) : primary_rate(value);
+    const std::int32_t code = scan_or_abort();
+    BRItrace = code >= 128 ? 1 : 0;
+    const Protocol protocol = BRItrace != 0 ? basic_rate(code) : primary_rate(code);
     swit = protocol.variant;
     text(BRItrace != 0 ? "BRI " : "PROTOCOL TYPE                 : PRI ");
     text(protocol.report_text);

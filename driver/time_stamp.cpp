@@ -2,8 +2,10 @@
 
 #include <array>
 #include <charconv>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <limits>
 #include <string_view>
 
 #include "report/lines.h"
@@ -13,7 +15,7 @@ TraceHeader Timeb;
 
 namespace {
 
-constexpr std::size_t TIME_SIZE = 80;  // seven numbers of 11 characters at most would not pass it
+constexpr std::size_t TIME_SIZE = 64;  // year of 10 digits at most, milliseconds of 6, the others of 2
 
 // A moment of local time as "%d/%d/%d, %d:%d:%d.%d": month, day, year, hour, minute, second, milliseconds.
 class TimeText {
@@ -52,12 +54,20 @@ class TimeText {
     std::size_t size_ = 0;
 };
 
-// The calendar time of a tick count. Elapsed milliseconds are ticks x resolution x 5: the product of the first two
-// just fits into 64 bits, so seconds and rest are taken from it before the factor 5.
+// Elapsed time in units of 5 ms: ticks x resolution, which just fits into 64 bits. A count below that of the first
+// record has wrapped around: where that makes it up to 24.8 days early, as 32 bits of milliseconds can say, it is
+// early.
+std::int64_t elapsed(std::uint32_t ticks) {
+    constexpr std::int64_t DAYS_24_8 = std::numeric_limits<std::int32_t>::max() / 5;
+    const std::int64_t early = std::int64_t{Ticks_resolution} * static_cast<std::int32_t>(ticks);
+    return std::abs(early) <= DAYS_24_8 ? early : std::int64_t{Ticks_resolution} * std::int64_t{ticks};
+}
+
+// The calendar time of a tick count.
 TimeText time_of(std::uint32_t ticks) {
-    const std::int64_t product = std::int64_t{Ticks_resolution} * std::int64_t{ticks};
-    std::int64_t seconds = product / 200;
-    std::int64_t milliseconds = Timeb.millitm + product % 200 * 5;
+    const std::int64_t elapsed_5ms = elapsed(ticks);
+    std::int64_t seconds = elapsed_5ms / 200;
+    std::int64_t milliseconds = Timeb.millitm + elapsed_5ms % 200 * 5;
     if (milliseconds > 999) {
         milliseconds -= 1000;
         ++seconds;

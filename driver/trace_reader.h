@@ -3,8 +3,8 @@
 #include <cstdint>
 
 // The trace as a stream of bytes, record after record: marker, line byte (basic rate), length byte, data. A record is
-// handed out only when the byte behind it is a record marker again; other bytes are listed in the report as corrupt
-// data and skipped. The stream does not stop at the end of a record.
+// handed out only when the byte behind it is a record marker again, or the trace ends there; other bytes are listed in
+// the report as corrupt data and skipped. The stream does not stop at the end of a record.
 
 // Record markers.
 constexpr std::int32_t RECEIVE_MARKER = 'R';

@@ -43,6 +43,7 @@ bool TraceStream::open(const char* name) {
     return descriptor_ >= 0;
 }
 
+// It moves the file. NOLINTNEXTLINE(readability-make-member-function-const)
 bool TraceStream::seek(long offset) { return ::lseek(descriptor_, offset, SEEK_SET) == offset; }
 
 void TraceStream::close() {

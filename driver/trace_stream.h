@@ -13,8 +13,8 @@ class TraceStream {
     // Opens a file at its first byte, never waiting for one. False when it cannot be opened or is a folder.
     [[nodiscard]] bool open(const char* name);
 
-    // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe).
-    [[nodiscard]] bool seek(long offset);  // NOLINT(readability-make-member-function-const): it moves the file
+    // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe, a device).
+    [[nodiscard]] bool seek(long offset);
 
     // Scans the next hexadecimal number as scanf's "%x" does: white space, an optional sign, an optional 0x, digits.
     // The number is taken as 64 bits, all ones when it needs more, and cut to 32. Text that is no number is skipped up
@@ -26,8 +26,6 @@ class TraceStream {
 
     // Whether a read has met the end of the file; reaching the last byte alone does not set it.
     [[nodiscard]] bool eof() const { return eof_; }
-
-    [[nodiscard]] int descriptor() const { return descriptor_; }
 
     // Closes the file; harmless when none is open.
     void close();

@@ -11,7 +11,7 @@ namespace {
 // First octet of the call reference value: bit 8 tells which side it was given by.
 void call_reference_flag() {
     octet();
-    extension_bit("Orig=1", "Dest=0");
+    text((value & 0x80) != 0 ? "Orig=1" : "Dest=0");
     value_text("   CR=0x", value, "");
 }
 

@@ -18,7 +18,8 @@
 //     3:  1------- Extension Bit           a literal: octet tag, pattern, label
 //         -00----- Coding Standard         field()
 //
-// A literal is written as it stands, blanks and line end included, so that a report line is found by grep.
+// A literal is written as it stands, blanks and line end included, so that a report line is found by grep; of a title
+// or a message grep the name without its "(0x..)", of a numbered line the label.
 
 // Continues the line with a text.
 inline void text(std::string_view literal) { std::memcpy(ofp.room(literal.size()), literal.data(), literal.size()); }
@@ -114,10 +115,13 @@ inline void extension_bit(std::string_view when_1, std::string_view when_0) {
 // Whether the extension bit of the octet in `value` says that another octet of its group follows.
 inline bool extension_follows() { return (value & 0x80) == 0; }
 
-// Continues the line with an octet as two lower-case hexadecimal digits.
-inline void hex(std::int32_t octet) {
-    std::memcpy(ofp.room(2), detail::HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data(), 2);
+// An octet as two lower-case hexadecimal digits.
+inline const char* hex_pair(std::int32_t octet) {
+    return detail::HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data();
 }
+
+// Continues the line with an octet as two lower-case hexadecimal digits.
+inline void hex(std::int32_t octet) { std::memcpy(ofp.room(2), hex_pair(octet), 2); }
 
 // Continues the line with an octet as two upper-case hexadecimal digits (corrupt data and debug records).
 void upper_hex(std::int32_t octet);

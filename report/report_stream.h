@@ -28,7 +28,6 @@ class ReportStream {
     [[nodiscard]] bool close();
 
     [[nodiscard]] const char* name() const { return name_; }
-    [[nodiscard]] int descriptor() const { return descriptor_; }
 
  private:
     void flush();

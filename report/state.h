@@ -42,25 +42,25 @@ extern std::int32_t Ticks_resolution;  // one tick lasts 5 times this in ms; set
 extern std::int32_t First_Msg;         // 0 until the first time-stamp record has been shown, then 1
 extern char cTimeStamp[100];           // line for the next frames; empty until the second time-stamp record
 
-// For a record ----------------------------------------------------------------------------------------------------
+// For a record: set by layer 2 from the head of a frame's record, and kept where octets left over stand for a head ---
 
-extern std::int32_t flag;            // direction: 1 receive, 0 transmit; set by layer 2, kept by other records
-extern std::int32_t msglen;          // octets of the record still unread, below 0 when too many were read; set by
-                                     // layer 2 from the length byte, lowered by every input()
-extern std::int32_t dsl;             // basic rate: line byte of the frame, 0..255; set by layer 2
-extern std::int32_t sapi;            // SAPI of the frame, 0..63; set by layer 2
-extern std::int32_t tei;             // TEI of the frame, 0..127; set by layer 2
-extern std::int32_t bCRflag;         // DASS2 and DPNSS: 1 command, 0 response; set by layer 2
+extern std::int32_t flag;            // direction: 1 receive, 0 transmit
+extern std::int32_t msglen;          // octets of the record still unread, below 0 when too many were read; set
+                                     // from the length byte, lowered by every input()
+extern std::int32_t dsl;             // basic rate: line byte of the frame, 0..255
+extern std::int32_t sapi;            // SAPI of the frame, 0..63; 0 after TEI management
+extern std::int32_t tei;             // TEI of the frame, 0..127; 0 after TEI management
+extern std::int32_t bCRflag;         // DASS2 and DPNSS: 1 command, 0 response
 extern std::int32_t debug_msg;       // 1 from layer 2 seeing a debug record until the driver has shown it
 extern std::int32_t time_stamp_msg;  // 1 from layer 2 seeing a time-stamp record until the driver has shown it
 
 // For a message or an element -------------------------------------------------------------------------------------
 
-extern std::int32_t value;         // the octet last read by input(), 0..255
+extern std::int32_t value;         // the octet last read by input(), or a marker, 0..255
 extern std::int32_t prtcol_discr;  // protocol discriminator of the message, 0..255; set by layer 3
 extern std::int32_t Lock_shift;    // 1 from a locking shift to codeset 6 to the end of the message
-extern std::int32_t ielength;      // length octet of the element, counted down by its decoder, below 0 when more
-                                   // octets were decoded than it announced
+extern std::int32_t ielength;      // length octet of the element, counted down by its decoder as far as it is tested,
+                                   // below 0 when more octets were decoded than it announced
 
 // Whether the trace's switch variant is one of those given.
 template <typename... Variants>

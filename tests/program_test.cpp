@@ -1,8 +1,10 @@
 // The program as a whole: command line, protocol codes, the tables of layers 2 and 3, numbers, time stamps, files.
 #include "tests/program.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -25,6 +27,15 @@ const std::string ABORT = "\n    ERROR ABORT ";
 const std::string PRI = "PROTOCOL TYPE                 : PRI 4ESS/5ESS\n";
 const std::string FRAME = "RECEIVE\nCommand=1   SAPI=0x00\nTEI=0x00\n    0x63  Unnumbered Acknowledgment\n\n";
 const std::string RECORD = "52 03 02 01 63";  // of that frame
+
+// That record, many times, as bytes.
+std::string frames(std::size_t count) {
+    std::string all;
+    for (; count > 0; --count) {
+        all += bytes_of(RECORD);
+    }
+    return all;
+}
 
 std::string cannot_open_report(const std::string& name) {
     return "ERROR:Fail to open " + name +
@@ -72,6 +83,9 @@ TEST(CommandLine, Errors) {
     // The first argument is SOURCE, never the option that makes a trace hexadecimal.
     EXPECT_EQ(run(folder, {"-d"}).terminal, "Failed opening File -d \n" + BANNER + "Failed opening file -d\n");
     EXPECT_TRUE(fs::exists(folder.path("-d.res")));
+    folder.write("none.res", "an old report");
+    EXPECT_EQ(run(folder, {"none"}).status, 1);
+    EXPECT_EQ(folder.read("none.res"), "");
     EXPECT_EQ(run(folder, {"no/t"}).terminal, "Failed opening file no/t.res\n");
 }
 
@@ -240,6 +254,10 @@ TEST(TimeStamps, AreLocalTimeCountedFromTheFirst) {
     EXPECT_NE(decode_timed("0 0 0 0 0 0", "2 7FFFFFFF " + time_stamp("0 0 0 0") + time_stamp("FF FF FF FF") + RECORD)
                   .find("Time Stamp : "),
               std::string::npos);
+    // A count below the first one's is earlier.
+    EXPECT_NE(decode_timed("2 0 0 0 F4 1", "2 2 " + time_stamp("10 0 0 0") + time_stamp("0 0 0 0") + RECORD)
+                  .find("Time Stamp : 1/1/1970, 0:0:2.340\n"),
+              std::string::npos);
     // A negative resolution counts back, and leaves the milliseconds below 0.
     EXPECT_NE(decode_timed("2 0 0 0 0 0", "2 -1 " + time_stamp("0 0 0 0") + time_stamp("C9 0 0 0") + RECORD)
                   .find("Time Stamp : 1/1/1970, 0:0:1.-5\n"),
@@ -322,32 +340,36 @@ TEST_F(Files, TemporaryFileIsTraceOrReport) {
 TEST_F(Files, ReportCannotBeWrittenWhole) {
     const std::string start = "BINARY TRACE \nISDN Protocol: PRI 4ESS/5ESS\n";
     expect_failure({"t", "/dev/full"}, start + "Failed writing file /dev/full\n");
-    std::string frames;
-    while (frames.size() < 20000) {  // a report of several buffers
-        frames += bytes_of(RECORD);
+    folder.write("large", ZERO_HEADER + "\2\2" + frames(4000));
+    const Outcome full = run(folder, {"large", "/dev/full"});
+    EXPECT_EQ(full.status, 1);
+    EXPECT_EQ(full.terminal, BANNER + start + "Failed writing file /dev/full\n");
+    // A pipe whose reader leaves.
+    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0666), 0);
+    const int reader = open(folder.path("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);  // not the program
+    const int process = ::start(folder, {"large", "pipe"});
+    char byte = 0;
+    while (read(reader, &byte, 1) != 1) {
     }
-    folder.write("large", ZERO_HEADER + "\2\2" + frames);
-    const Outcome result = run(folder, {"large", "/dev/full"});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.terminal, BANNER + start + "Failed writing file /dev/full\n");
+    close(reader);
+    const Outcome pipe = finish(folder, process);
+    EXPECT_EQ(pipe.status, 1);
+    EXPECT_EQ(pipe.terminal, BANNER + start + "Failed writing file pipe\n");
 }
 
 // Runs in one folder take turns with pritemp.log.
 TEST_F(Files, SeveralBinaryRunsAtOnce) {
     std::vector<int> processes;
     for (unsigned length = 1; length <= 8; ++length) {
-        std::string frames;
-        for (unsigned frame = 0; frame < length * 2000; ++frame) {
-            frames += bytes_of(RECORD);
-        }
-        folder.write("t" + std::to_string(length), ZERO_HEADER + "\2\2" + frames);
+        folder.write("t" + std::to_string(length), ZERO_HEADER + "\2\2" + frames(length * 2000UL));
     }
     for (unsigned length = 1; length <= 8; ++length) {
         processes.push_back(start(folder, {"t" + std::to_string(length)}, "terminal" + std::to_string(length)));
     }
     for (unsigned length = 1; length <= 8; ++length) {
         EXPECT_EQ(finish(folder, processes[length - 1]).status, 0);
-        EXPECT_EQ(folder.read("t" + std::to_string(length) + ".res").size(), PRI.size() + length * 2000 * FRAME.size());
+        EXPECT_EQ(folder.read("t" + std::to_string(length) + ".res").size(),
+                  PRI.size() + length * 2000UL * FRAME.size());
     }
 }
 

@@ -64,7 +64,7 @@ void octet_4_1() {
     count_down(ielength);
 }
 
-// Octet 5a: user rate. Bit 6 has a line of its own under the primary-rate variants only.
+// Octet 5a: user rate. Bit 6 has no line on basic rate, and shares one with bit 7 in DMS100.
 void octet_5a() {
     octet();
     extension_bit(" 5a:  1------- Extension Bit\n", " 5a:  0------- Extension Bit\n");

@@ -5,15 +5,15 @@
 
 namespace {
 
-// How the variants lay out the cause: Q.931's way, with class and value apart, or 1TR6's with value and location
-// in the other order. No variant at all shows neither.
+// Three layouts: Q.931's; the same with class and value shown apart; 1TR6's, which has cause value and location in each
+// other's octet. Without a variant no field is shown.
 bool cause_as_q931() {
     return variant_is(PRI_4ESS, PRI_NTT, PRI_TPH1856, PRI_NET5, PRI_NI2, BRI_5ESS, BRI_NTT, BRI_NET3, BRI_NI1, BRI_NI2);
 }
 
 bool cause_by_class() { return variant_is(PRI_DMS100, PRI_VN3, BRI_DMS100); }
 
-// Octet 3. Where bit 8 is 0 and has no line, the indent stays on the line.
+// Octet 3. Where bit 8 has no line (at 0 by class and in 1TR6, always without a variant), the indent stays on the line.
 void cause_octet_3() {
     octet();
     if (cause_as_q931()) {
@@ -63,7 +63,7 @@ void cause_octet_4() {
 
 // Cause (Q.931 section 4.5.12), identifier 0x08
 //   octet 3:  ext | coding standard 7..6 | spare 5 | location 4..1
-//   octet 3a: ext | recommendation 7..1 (NTT and NET5)
+//   octet 3a: ext | recommendation 7..1 (NTT on primary rate and NET5)
 //   octet 4:  ext | cause value 7..1
 //   then diagnostics, tagged from 5 on
 void fun_cause() {

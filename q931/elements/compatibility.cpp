@@ -179,7 +179,8 @@ void hlc_teleservice() {
 // Low layer compatibility (Q.931 section 4.5.19), identifier 0x7C
 //   octet 3:  ext | coding standard 7..6 | information transfer capability 5..1
 //   octet 3a: ext | negotiation indicator 7 | spare 6..1
-//   octet 4 on: as in the bearer capability, with labels of its own
+//   octet 4 on: the octets of the bearer capability with other labels, and other rules: 5b to 5d by extension bit
+//   under every variant, a second octet behind 6 and 7, no octet 4.1
 void low_layer_compat() {
     title("LOW LAYER COMP.");
     length_line();

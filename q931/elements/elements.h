@@ -14,7 +14,7 @@ void high_layer_compat();  // 0x7D
 
 void facility();               // 0x1C
 void network_specific_fac();   // 0x20
-void AdviceOfCharge();         // 0x01, NTT
+void AdviceOfCharge();         // 0x01, NTT on primary rate
 void user_to_user_facility();  // 0x7A
 
 void connected_number();           // 0x0C
@@ -28,7 +28,7 @@ void calling_party_subaddress();  // 0x6D
 void called_party_subaddress();   // 0x71
 
 void service_indicator();       // 0x01, 1TR6
-void changestatus();            // 0x01, 4ESS/5ESS, NI2, NET5 and DMS100
+void changestatus();            // 0x01, 4ESS/5ESS, NI2, NET5 and DMS100 on primary rate
 void BlockChanId();             // 0x03, all but 1TR6
 void channel_identification();  // 0x18
 void restart_indicator();       // 0x79

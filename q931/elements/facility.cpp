@@ -61,7 +61,8 @@ std::string_view att_service(std::int32_t code) {
     }
 }
 
-// AT&T, octet 4: parameterized/binary 8 | expansion 7 | feature (0) or service (1) 6 | coding value 5..1
+// AT&T, octet 4 (no indent on reading: one indent only): parameterized/binary 8 | expansion 7 | feature (0) or service
+// (1) 6 | coding value 5..1
 //       octet 5 on: spare 8 | parameterized field 7..1
 void att_facility() {
     input();
@@ -70,7 +71,7 @@ void att_facility() {
     field(6, 6, " Feature/Service\n");
     field(5, 1, (value & 0x20) != 0 ? att_service(value & 0x1F) : " Fac. Coding Value\n");
     count_down(ielength);
-    while (ielength > 0) {
+    while (ielength > 0) {  // an element already overread has none
         octet();
         text("  5:  0------- Spare\n");
         field(7, 1, " Parameterized Field\n");
@@ -122,6 +123,7 @@ void f1tr6_facility() {
 
 // Network-specific facilities (Q.931 section 4.5.21), identifier 0x20; national facilities in VN3
 //   octet 3: length of network identification, then that many octets; then the facility in the network's own layout
+//   VN3 and 1TR6 show the length and have no network identification; NTT on basic rate stops behind it
 void network_specific_fac() {
     title(variant_is(PRI_VN3) ? "NATIONAL FAC." : "NETWORK SPEC. FAC.");
     length_line();
@@ -161,7 +163,7 @@ void AdviceOfCharge() {
     line("      -000---- Reserved\n");
     field(3, 1, " Indication Type\n");
     count_down(ielength);
-    while (ielength > 0) {
+    while (ielength > 0) {  // an element already overread has none
         input();
         field(8, 1, " Charging data\n");
         count_down(ielength);

@@ -1,4 +1,3 @@
-#include "driver/trace_reader.h"
 #include "q931/elements/elements.h"
 #include "report/lines.h"
 #include "report/state.h"
@@ -9,7 +8,8 @@
 //   octet 3b: ext | spare 7..5 | reason for redirection 4..1
 //   octet 3c: ext | CFNR indicator 7 | spare 6..4 | redirection counter 3..1
 //   octet 4 on: the digits
-// Which of 3a to 3c are looked for differs by element; whether one is read is up to the extension bit before it alone.
+// Which of 3a to 3c are looked for differs by element, and in two of them by variant; whether one that is looked for is
+// read is up to the extension bit before it, never to the length.
 
 // Calling party number, identifier 0x6C
 void calling_party_num() {

@@ -36,7 +36,8 @@ void calling_extension_line() {
     }
 }
 
-// One information octet, whose indent is written. DMS100, 1TR6 and no variant at all show nothing but that.
+// One information octet, whose indent is written. DMS100 on primary rate, 1TR6 and no variant at all
+// show nothing but that.
 void calling_information() {
     if (variant_is(PRI_4ESS, PRI_NTT, PRI_TPH1856, PRI_NET5, PRI_NI2, BRI_5ESS, BRI_DMS100, BRI_NTT, BRI_NET3, BRI_NI1,
                    BRI_NI2)) {

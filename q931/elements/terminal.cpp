@@ -21,7 +21,8 @@ void terminal_capabilities() {
 }
 
 // Display (Q.931 section 4.5.16), identifier 0x28
-//   octet 3: ext | associated information 7..5 | display type 4..1 (DMS100; elsewhere the text begins here)
+//   octet 3: ext | associated information 7..5 | display type 4..1 (DMS100 on primary rate; elsewhere the text begins
+//   here)
 void display() {
     title("DISPLAY");
     length_line();
