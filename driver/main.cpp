@@ -7,18 +7,14 @@
 #include <cstdio>
 #include <string>
 
-#include "dpnss/layer2.h"
-#include "dpnss/layer3.h"
 #include "driver/binary_trace.h"
 #include "driver/command_line.h"
 #include "driver/files.h"
+#include "driver/main_loop.h"
 #include "driver/protocol.h"
 #include "driver/time_stamp.h"
-#include "driver/trace_records.h"
+#include "driver/trace_reader.h"
 #include "driver/trace_stream.h"
-#include "q931/layer2.h"
-#include "q931/layer3.h"
-#include "report/lines.h"
 #include "report/run_end.h"
 #include "report/state.h"
 
@@ -110,6 +106,7 @@ void ignore_write_signals() {
 
 void start_run(int argc, char** argv) {
     ignore_write_signals();
+    reset_reader();
     read_command_line(argc, argv);
     if (!Parameter.Destination) {
         default_destination();
@@ -125,44 +122,10 @@ void start_run(int argc, char** argv) {
     read_ticks_resolution();
 }
 
-void report_negative_length() { text("ERROR: Invalid value(s)\n"); }
-
-void decode_dpnss_record() {
-    ds2_layer2();
-    if (msglen < 0) {
-        report_negative_length();
-    } else if (msglen > 0) {
-        ds2_layer3();
-    }
-}
-
-// A length left below 0 by the frame before keeps a debug or time-stamp record from being shown: what it holds is then
-// taken as markers, and its kind stays noted. The next record that leaves the length at 0 is shown as that kind.
-void decode_q931_record() {
-    layer_2();
-    if (msglen < 0) {
-        report_negative_length();
-    } else if (msglen > 0) {
-        layer_3();
-    } else if (debug_msg != 0) {
-        debug_record();
-    } else if (time_stamp_msg == 1) {
-        time_stamp_record();
-    }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
     start_run(argc, argv);
-    const bool dpnss = variant_is(PRI_DASS2, PRI_DPNSS_A, PRI_DPNSS_B);
-    while (!ifp.eof()) {
-        if (dpnss) {
-            decode_dpnss_record();
-        } else {
-            decode_q931_record();
-        }
-        text("\n");
-    }
+    decode_records();
     end_run(0);
 }

@@ -160,6 +160,11 @@ std::uint8_t fetchChar() {
 
 }  // namespace
 
+void reset_reader() {
+    DataBuffer = {};
+    BlockSize = 0;
+}
+
 void input() {
     value = fetchChar();
     count_down(msglen);

@@ -12,6 +12,9 @@ constexpr std::int32_t TRANSMIT_MARKER = 'T';
 constexpr std::int32_t DEBUG_MARKER = 'D';
 constexpr std::int32_t TIME_STAMP_MARKER = 'P';
 
+// Forgets all bytes read ahead and the current record: the next byte is looked for in the text.
+void reset_reader();
+
 // Takes the next byte into `value` (0..255) and lowers `msglen` by one. Without a further record the run ends with
 // "ERROR ABORT" in the report and status 1.
 void input();
