@@ -119,8 +119,9 @@ bool read_header(std::uint8_t& length) {
     return (BRItrace == 0 || readHexNum(line_byte)) && readHexNum(length);
 }
 
-// Finds, frames and checks the next record, and steps back to its marker.
-bool getBlock() {
+// Finds, frames and checks the next record, and steps back to its marker. Not inlined: fetchChar() is called for every
+// byte.
+[[gnu::noinline]] bool getBlock() {
     const std::int32_t header = BRItrace != 0 ? 3 : 2;
     while (findBlockStart()) {
         BlockStartPtr = prevRingPtr(DataBuffer.ReadPtr);

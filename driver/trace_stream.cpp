@@ -92,7 +92,25 @@ void TraceStream::put_back(int character) {
     }
 }
 
+// The number that traces are made of: a white space, two digits, and a white space behind them, all in the buffer.
+bool TraceStream::scan_two_digits(std::uint32_t& number) {
+    if (limit_ - next_ < 4 || CLASSES[next_[0]] != SPACE || CLASSES[next_[3]] != SPACE) {
+        return false;
+    }
+    const std::uint32_t high = CLASSES[next_[1]];
+    const std::uint32_t low = CLASSES[next_[2]];
+    if (high >= SPACE || low >= SPACE) {
+        return false;
+    }
+    number = high << 4U | low;
+    next_ += 3;
+    return true;
+}
+
 bool TraceStream::scan(std::uint32_t& number) {
+    if (scan_two_digits(number)) {
+        return true;
+    }
     for (;;) {
         int character = skip_space();
         if (character == END) {

@@ -31,6 +31,7 @@ class TraceStream {
     void close();
 
  private:
+    bool scan_two_digits(std::uint32_t& number);
     int refill();
     int skip_space();
     void skip_word(int character);

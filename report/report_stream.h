@@ -37,5 +37,5 @@ class ReportStream {
     const char* name_ = "";
     bool lost_ = false;  // a write failed: nothing more is written
     std::size_t fill_ = 0;
-    std::array<char, 65536> buffer_;
+    std::array<char, 262144> buffer_;
 };

@@ -190,7 +190,7 @@ TEST(Layer3, MessageTypes) {
 TEST(Numbers, AsTheScannerReadsThem) {
     const std::string report = PRI + FRAME;
     for (const char* text : {"2 2 52 03 02 01 63", "0x2 0X2\t152\v+3\f-FE\r01\n0X63", "2 2 52 -0xFFFFFD 02+1G 63",
-                             "02 2G 0052G7 3 2 1,63 63 x", "ZZ 2 - 2 +-2 52 FFFFFFFFFFFFFF03 02 1 63\n",
+                             "2/2 2@ 0052: 3` 2G 1g7 63, x", "ZZ 2 - 2 +-2 52 FFFFFFFFFFFFFF03 02 1 63\n",
                              "2 2 \n52 3 2 1 63-", "2 2 52 03 02 01 0x63g"}) {
         EXPECT_EQ(decode_hex(text), report) << text;
     }
