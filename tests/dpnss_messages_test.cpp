@@ -10,148 +10,119 @@
 
 namespace {
 
-struct Message {
-    std::string name;
-    std::string fields;  // "SIC SEL"
-};
+using Columns = std::array<std::string, 3>;  // "name ; fields" as DASS2 received, DASS2 transmitted, DPNSS
 
-using Columns = std::array<Message, 3>;  // DASS2 received, DASS2 transmitted, DPNSS
-
-struct Tables {
-    std::map<int, Columns> messages;
-    std::map<std::string, std::map<int, std::string>> codes;  // by field; -1 for any other code
-};
+std::map<int, Columns> messages;
+std::map<std::string, std::map<int, std::string>> codes;  // texts by field and code; -1 for any other code
 
 std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(text.find_first_not_of(' '), text.find_last_not_of(' ') - text.find_first_not_of(' ') + 1);
 }
 
-Columns parse_columns(std::istringstream& row) {
-    Columns columns;
-    for (Message& column : columns) {
-        std::string text;
-        std::getline(row, text, '|');
-        text = trimmed(text);
-        if (text[0] == '=') {
-            column = columns.at(static_cast<std::size_t>(text[1] - '1'));
-        } else {
-            column = {trimmed(text.substr(0, text.find(';'))), text.substr(std::min(text.find(';'), text.size()))};
-        }
-    }
-    return columns;
-}
-
-Tables read_tables() {
-    Tables tables;
-    std::ifstream file(std::string(CASES) + "/dpnss_messages.txt");
+void read_tables() {
+    std::ifstream file(CASES "/dpnss_messages.txt");
     for (std::string source; std::getline(file, source);) {
         std::istringstream row(source);
         std::string key;
         std::getline(row, key, '|');
-        if (const auto colon = key.find(':'); colon != std::string::npos && key[0] != '#') {
+        if (key[0] == '#') {
+            continue;
+        }
+        if (key.ends_with(":")) {
             for (std::string code; std::getline(row, code, '|');) {
-                const bool other = code.starts_with("other ");
-                tables.codes[key.substr(0, colon)][other ? -1 : std::stoi(code, nullptr, 16)] =
+                codes[key][code.starts_with("other ") ? -1 : std::stoi(code, nullptr, 16)] =
                     code.substr(code.find(' ') + 1);
             }
-        } else if (key[0] != '#') {
+        } else {
+            Columns columns;
+            for (std::string& column : columns) {
+                std::getline(row, column, '|');
+                column = trimmed(column);
+                column = column[0] == '=' ? columns.at(static_cast<std::size_t>(column[1] - '1')) : column;
+            }
             const int first = std::stoi(key, nullptr, 16);
-            const int last = key.find('-') == std::string::npos ? first : std::stoi(key.substr(3), nullptr, 16);
-            const Columns columns = parse_columns(row);
-            for (int octet = first; octet <= last; ++octet) {
-                tables.messages[octet] = columns;
+            for (int octet = first; octet <= (key[2] == '-' ? std::stoi(key.substr(3), nullptr, 16) : first); ++octet) {
+                messages[octet] = columns;
             }
         }
     }
-    return tables;
 }
 
-std::string hex(int octet) {
-    std::array<char, 3> digits{};
-    std::snprintf(digits.data(), digits.size(), "%02x", static_cast<unsigned>(octet) & 0xFFU);
-    return digits.data();
+std::string hex(std::size_t octet) {
+    std::ostringstream stream;
+    stream << std::hex << octet / 16 << octet % 16;
+    return stream.str();
 }
 
-std::string coded_field(const std::string& indent, const std::string& title, int code, const std::string& text) {
-    return indent + "  " + title + "\n    " + indent + "0x" + hex(code) + "  " + text + "\n";
-}
+// Fields with a code: what stands in the record, and the lines it gives, '>' for the indent.
+const std::map<std::string, std::array<std::string, 2>> CODED_FIELDS = {
+    {"SIC",
+     {" 25",
+      ">  Service Indicator Code\n>  1:  0------- Extension Bit\n>      -010---- Type of Information\n"
+      ">      ----0101 Speech/Data Rate\n"}},
+    {"CAUSE", {" 30", ">  Clear/Reject Cause\n    >0x30  Normal Clearing\n"}},
+    {"MAINT", {" 02", ">  Maintenance Action\n    >0x02  Loop-Back Control\n"}},
+    {"UDC", {" 07", ">  UDC Control Field\n    >0x07  Invalid SIC\n"}},
+};
 
-// A record of one message in timeslot 5. Behind the octets of the coded fields stand 44 00: an empty debug record when
-// they are left over, the characters of a selection or indication field when there is one.
-void add_record(std::string& trace, std::string& report, char direction, int octet, const Message& message) {
-    const std::string indent = direction == 'T' ? INDENT : "";
-    const auto has = [&](const char* field) { return message.fields.find(field) != std::string::npos; };
-    std::string octets = hex(octet);
-    report += indent + (direction == 'T' ? "TRANSMIT\n" : "RECEIVE\n") + indent + "Timeslot 05\n" + indent +
-              "UA (0x63)\n" + indent + message.name + "(0x" + hex(octet) + ")\n";
-    if (has("SIC")) {
-        octets += " 25";
-        report += indent + "  Service Indicator Code\n" + indent + "  1:  0------- Extension Bit\n" + indent +
-                  "      -010---- Type of Information\n" + indent + "      ----0101 Speech/Data Rate\n";
-    }
-    if (has("CAUSE")) {
-        octets += " 30";
-        report += coded_field(indent, "Clear/Reject Cause", 0x30, "Normal Clearing");
-    }
-    if (has("MAINT")) {
-        octets += " 02";
-        report += coded_field(indent, "Maintenance Action", 0x02, "Loop-Back Control");
-    }
-    if (has("UDC")) {
-        octets += " 07";
-        report += coded_field(indent, "UDC Control Field", 0x07, "Invalid SIC");
+// A record of one message. Behind the octets of the coded fields stand 44 00: an empty debug record when they are left
+// over, the characters of a selection or indication field when there is one.
+void add_record(std::string& trace, std::string& report, bool transmitted, int octet, const std::string& message) {
+    const std::string type = hex(static_cast<std::size_t>(octet));
+    std::string octets = " 02 0b 63 " + type;
+    std::string lines = transmitted ? ">TRANSMIT\n" : ">RECEIVE\n";
+    std::string left_over = "\nDEBUG: \n\n";
+    lines += ">Timeslot 05\n>UA (0x63)\n>" + message.substr(0, message.find(" ;")) + "(0x" + type + ")\n";
+    std::istringstream fields(message.substr(std::min(message.find(" ;"), message.size())));
+    for (std::string field; fields >> field;) {
+        if (field == "SEL" || field == "IND") {
+            left_over =
+                std::string(field == "SEL" ? ">  Selection" : ">  Indication") + " Field\n    >D" + '\0' + "\n\n";
+        } else if (field != ";") {
+            octets += CODED_FIELDS.at(field)[0];
+            lines += CODED_FIELDS.at(field)[1];
+        }
     }
     octets += " 44 00";
-    if (has("SEL") || has("IND")) {
-        report += indent + (has("SEL") ? "  Selection" : "  Indication") + " Field\n    " + indent;
-        report += std::string("D\0\n\n", 4);
-    } else {
-        report += "\nDEBUG: \n\n";
+    trace += (transmitted ? "54 " : "52 ") + hex(octets.size() / 3) + octets + "\n";
+    for (const char letter : lines + left_over) {
+        report += letter != '>' ? std::string(1, letter) : transmitted ? INDENT : "";
     }
-    trace += (direction == 'T' ? "54 " : "52 ") + hex(static_cast<int>(octets.size() + 1) / 3 + 3) + " 02 0b 63 " +
-             octets + "\n";
 }
 
 TEST(DpnssMessages, AllTypesInAllContexts) {
-    const Tables tables = read_tables();
-    ASSERT_EQ(tables.messages.size(), 256U);
-    for (const char* variant : {"14", "17", "18"}) {
-        for (const char direction : {'R', 'T'}) {
-            const std::size_t column = std::string(variant) != "14" ? 2 : direction == 'R' ? 0 : 1;
-            std::string trace = std::string(variant) + " 02\n";
+    read_tables();
+    ASSERT_EQ(messages.size(), 256U);
+    for (const std::string variant : {"14", "17", "18"}) {
+        for (const bool transmitted : {false, true}) {
+            std::string trace = variant + " 02\n";
             std::string report;
-            for (const auto& [octet, columns] : tables.messages) {
-                add_record(trace, report, direction, octet, columns.at(column));
+            for (const auto& [octet, columns] : messages) {
+                add_record(trace, report, transmitted, octet, columns.at(variant != "14" ? 2 : transmitted ? 1 : 0));
             }
             // An empty debug record ends the trace, so that what the last message leaves over is still decoded.
             const std::string decoded = decode_hex(trace + "44 00\n");
-            EXPECT_EQ(decoded.substr(decoded.find('\n') + 1), report + "DEBUG: \n\n") << variant << direction;
+            EXPECT_EQ(decoded.substr(decoded.find('\n') + 1), report + "DEBUG: \n\n") << variant << transmitted;
         }
     }
 }
 
 TEST(DpnssMessages, AllFieldCodes) {
-    const Tables tables = read_tables();
-    struct Field {
-        const char* name;
-        const char* title;
-        const char* variant;
-        const char* octet;
-    };
-    for (const Field& field :
-         {Field{"CAUSE", "Clear/Reject Cause", "18", "08"}, Field{"MAINT", "Maintenance Action", "17", "45"},
-          Field{"UDC", "UDC Control Field", "14", "21"}}) {
-        const auto& texts = tables.codes.at(field.name);
-        std::string trace = std::string(field.variant) + " 02\n";
-        for (int code = 0; code < 256; ++code) {
-            trace += std::string("52 05 02 0b 63 ") + field.octet + " " + hex(code) + "\n";
+    read_tables();
+    for (const auto& [field, head] :
+         std::map<std::string, std::array<std::string, 2>>{{"CAUSE:", {"18", "52 05 02 0b 63 08 "}},
+                                                           {"MAINT:", {"17", "52 05 02 0b 63 45 "}},
+                                                           {"UDC:", {"14", "52 05 02 0b 63 21 "}}}) {
+        std::string trace = head[0] + " 02\n";
+        for (std::size_t code = 0; code < 256; ++code) {
+            trace += head[1] + hex(code) + "\n";
         }
         const std::string report = decode_hex(trace);
         for (int code = 0; code < 256; ++code) {
-            const auto text = texts.contains(code) ? texts.find(code) : texts.find(-1);
-            const std::string expected = coded_field("", field.title, code, text->second);
-            EXPECT_NE(report.find(expected), std::string::npos) << expected;
+            const auto& texts = codes.at(field);
+            const std::string& text = texts.contains(code) ? texts.at(code) : texts.at(-1);
+            const std::string line = "\n    0x" + hex(static_cast<std::size_t>(code)) + "  " + text + "\n";
+            EXPECT_NE(report.find(line), std::string::npos) << line;
         }
     }
 }

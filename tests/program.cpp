@@ -1,9 +1,7 @@
 #include "tests/program.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -12,15 +10,7 @@
 
 Folder::Folder() {
     std::string name = std::filesystem::temp_directory_path() / "quandrix-XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("no temporary folder");
-    }
-    root_ = name;
-}
-
-Folder::~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
+    root_ = mkdtemp(name.data()) != nullptr ? name : throw std::runtime_error("no temporary folder");
 }
 
 void Folder::write(const std::string& name, const std::string& bytes) const {
@@ -29,49 +19,30 @@ void Folder::write(const std::string& name, const std::string& bytes) const {
 
 std::string Folder::read(const std::string& name) const { return contents(path(name)); }
 
-int start(const Folder& folder, const std::vector<std::string>& arguments, const std::string& terminal) {
-    std::vector<char*> argv{const_cast<char*>(PROGRAM)};
-    for (const std::string& argument : arguments) {
-        argv.push_back(const_cast<char*>(argument.c_str()));
-    }
-    argv.push_back(nullptr);
-    const int process = fork();
-    if (process == 0) {
-        const int output = open(folder.path(terminal).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        setenv("TZ", "UTC", 1);
-        if (chdir(folder.path("").c_str()) == 0 && dup2(output, 1) == 1 && dup2(output, 2) == 2) {
-            execv(PROGRAM, argv.data());
-        }
-        _exit(127);
-    }
-    return process;
-}
-
-Outcome finish(const Folder& folder, int process, const std::string& terminal) {
-    int status = 0;
-    waitpid(process, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), folder.read(terminal)};
-}
-
-Outcome run(const Folder& folder, const std::vector<std::string>& arguments) {
-    return finish(folder, start(folder, arguments));
+Outcome Folder::run(const std::string& commands) const {
+    write("commands", "cd " + root_.string() + "\nexport TZ=UTC\nQUANDRIX() { " PROGRAM " \"$@\"; }\n" + commands);
+    const int status =
+        std::system(("sh " + path("commands").string() + " >" + path("terminal").string() + " 2>&1").c_str());
+    return {WEXITSTATUS(status), read("terminal")};
 }
 
 namespace {
 
-std::string decode(const std::string& body, int status, const std::vector<std::string>& arguments) {
+std::string decode(const std::string& trace, int status, const std::string& option) {
     const Folder folder;
-    folder.write("trace", ZERO_HEADER + body);
-    const Outcome result = run(folder, arguments);
-    EXPECT_EQ(result.status, status) << result.terminal;
+    folder.write("trace", trace);
+    const Outcome outcome = folder.run("QUANDRIX trace report" + option);
+    EXPECT_EQ(outcome.status, status) << outcome.terminal;
     return folder.read("report");
 }
 
 }  // namespace
 
-std::string decode_hex(const std::string& body, int status) { return decode(body, status, {"trace", "report", "-d"}); }
+std::string decode_hex(const std::string& body, int status, const std::string& header) {
+    return decode(header + body, status, " -d");
+}
 
-std::string decode_binary(const std::string& body) { return decode(body, 0, {"trace", "report"}); }
+std::string decode_binary(const std::string& body) { return decode(ZERO_HEADER + body, 0, ""); }
 
 std::string contents(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
