@@ -13,31 +13,6 @@ namespace {
 
 constexpr const char* SENDING_COMPLETE = "  1:           SENDING COMPLETE(0xa1)\n";
 
-// Expected lines and where they are expected.
-struct Lines {
-    std::string filter;      // "[!9 16R]": variants, '!' for all but these, 'R' or 'T' for one direction only
-    std::set<int> variants;  // none: all
-    std::string marks;       // '>' an indent more in front of the first line, '=' no indent, 'T' an indent in any case
-    std::string text;        // the lines, each with its line end
-
-    [[nodiscard]] bool in(int variant, char direction) const {
-        const bool has_direction = filter.find_first_of("RT") != std::string::npos;
-        const bool all_but = filter.find('!') != std::string::npos;
-        return (variants.empty() || variants.contains(variant) != all_but) &&
-               (!has_direction || filter.find(direction) != std::string::npos);
-    }
-};
-
-struct Case {
-    std::string name;
-    std::string file;
-    std::set<int> variants{2};
-    char kind = 0;  // 'e'lement, 'f'rame or 't'race
-    std::string octets{};
-    int status = 0;
-    std::vector<Lines> expected{};
-};
-
 // "2 7 129-134" as single numbers.
 std::set<int> numbers(const std::string& list) {
     std::set<int> all;
@@ -54,31 +29,65 @@ std::set<int> numbers(const std::string& list) {
     return all;
 }
 
-// Every line of the text with the indent in front of it.
-std::string indented(const std::string& text, const std::string& indent) {
-    std::string all;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        all += indent + line + "\n";
+// An expected line.
+struct Line {
+    std::string
+        filter;         // "!9 16R": where it is expected: variants, '!' for all but these; 'R' or 'T' for one direction
+    std::string marks;  // '>' an indent more when transmitted, '=' no indent, 'T' an indent in any case
+    std::string text;
+
+    [[nodiscard]] bool in(int variant, char direction) const {
+        std::string variants = filter;
+        const bool all_but = std::erase(variants, '!') != 0;
+        const bool one_direction =
+            std::erase_if(variants, [](char letter) { return letter == 'R' || letter == 'T'; }) != 0;
+        return (variants.empty() || numbers(variants).contains(variant) != all_but) &&
+               (!one_direction || filter.find(direction) != std::string::npos);
     }
-    return all;
+
+    [[nodiscard]] std::string report(char direction) const {
+        std::string all;
+        if (marks == "T" || (direction == 'T' && marks != "=")) {
+            all += INDENT;
+            std::ranges::for_each(marks, [&all](char mark) { all += mark == '>' ? INDENT : ""; });
+        }
+        return all + text + "\n";
+    }
+};
+
+struct Case {
+    std::string name;
+    std::string file;
+    std::set<int> variants{2};
+    char kind = 0;  // 'e'lement, 'f'rame or 't'race
+    std::string octets{};
+    int status = 0;
+    std::vector<Line> lines{};
+};
+
+// "[7]" at the start of a text, taken from it.
+std::string take_filter(std::string& text) {
+    const auto size = text.starts_with('[') ? text.find(']') + 1 : 0;
+    const std::string filter = size == 0 ? "" : text.substr(1, size - 2);
+    text.erase(0, size);
+    return filter;
 }
 
-Lines parse_lines(const std::string& source) {
-    Lines lines;
-    const auto bar = source.find('|');
-    const auto filter_end = source[0] == '[' ? source.find(']') + 1 : 0;
-    lines.filter = source.substr(0, filter_end);
-    lines.marks = source.substr(filter_end, bar - filter_end);
-    std::string variants = lines.filter;
-    std::erase_if(variants, [](char letter) { return std::string_view("[]!RT").find(letter) != std::string::npos; });
-    lines.variants = numbers(variants);
-    lines.text = source.substr(bar + 1) + "\n";
-    std::ranges::replace(lines.text, '|', '\n');
-    for (auto at = lines.text.find("\\x"); at != std::string::npos; at = lines.text.find("\\x", at)) {
-        lines.text.replace(at, 4, 1, static_cast<char>(std::stoi(lines.text.substr(at + 2, 2), nullptr, 16)));
+// "[filter]marks|line|[filter]line": filter and marks in front go for all lines, '>' for the first one only.
+void parse_lines(std::vector<Line>& lines, std::string source) {
+    const std::string filter = take_filter(source);
+    std::string marks = source.substr(0, source.find('|'));
+    for (auto at = source.find('|'); at != std::string::npos;) {
+        const auto next = source.find('|', at + 1);
+        std::string text = source.substr(at + 1, next - at - 1);
+        const std::string own_filter = take_filter(text);
+        for (auto escape = text.find("\\x"); escape != std::string::npos; escape = text.find("\\x", escape)) {
+            text.replace(escape, 4, 1, static_cast<char>(std::stoi(text.substr(escape + 2, 2), nullptr, 16)));
+        }
+        lines.push_back({own_filter.empty() ? filter : own_filter, marks, text});
+        std::erase(marks, '>');
+        at = next;
     }
-    return lines;
 }
 
 void parse_key(Case& current, const std::string& source) {
@@ -107,7 +116,7 @@ std::vector<Case> read_cases() {
             } else if (cases.empty() || cases.back().file != file || source[0] == '#') {
                 continue;  // a table for another test, or a comment
             } else if (std::string_view("[|>=T").find(source[0]) != std::string::npos) {
-                cases.back().expected.push_back(parse_lines(source));
+                parse_lines(cases.back().lines, source);
             } else {
                 parse_key(cases.back(), source);
             }
@@ -116,48 +125,35 @@ std::vector<Case> read_cases() {
     return cases;
 }
 
-std::string expected_report(const Case& decoding, int variant, char direction) {
+std::string expected_lines(const std::vector<Line>& lines, int variant, char direction) {
     std::string all;
-    for (const Lines& lines : decoding.expected) {
-        if (lines.in(variant, direction)) {
-            const auto marked = [&](char mark) { return lines.marks.find(mark) != std::string::npos; };
-            const std::string indent = marked('T') || (direction == 'T' && !marked('=')) ? INDENT : "";
-            for (auto left_over = std::ranges::count(lines.marks, '>'); left_over > 0; --left_over) {
-                all += indent;
-            }
-            all += indented(lines.text, indent);
-        }
+    for (const Line& line : lines) {
+        all += line.in(variant, direction) ? line.report(direction) : "";
     }
     return all;
 }
 
-// A frame's record in hex and its report.
-struct Frame {
-    std::string record;
-    std::string report;
-};
-
-Frame make_frame(const Case& decoding, int variant, char direction) {
-    const bool transmitted = direction == 'T';
-    const std::string indent = transmitted ? INDENT : "";
+// Adds a frame's record to a trace in hex, and its lines to the report.
+void add_frame(std::ostream& trace, std::string& report, const Case& decoding, int variant, char direction) {
+    const bool basic_rate = variant >= 128;
     std::string octets = decoding.octets;
-    std::string report = transmitted ? "TRANSMIT" : "RECEIVE";
-    report += variant >= 128 ? " (5)\n" : "\n";
+    std::vector<Line> head;
+    parse_lines(head, basic_rate ? "[R]|RECEIVE (5)" : "[R]|RECEIVE");
+    parse_lines(head, basic_rate ? "[T]>|TRANSMIT (5)" : "[T]>|TRANSMIT");
     if (decoding.kind == 'e') {
         octets = "02 01 00 00 08 02 00 01 05" + octets;
-        report += transmitted ? "Response=1   SAPI=0x00\n" : "Command=1   SAPI=0x00\n";
-        report += "TEI=0x00\n0x00 0x00  Information\nDest=0   CR=0x0001\nSETUP(0x05)\n";
+        parse_lines(head, "|[R]Command=1   SAPI=0x00|[T]Response=1   SAPI=0x00|TEI=0x00|0x00 0x00  Information");
+        parse_lines(head, "|Dest=0   CR=0x0001|SETUP(0x05)");
     }
-    report = indent + indented(report, indent) + expected_report(decoding, variant, direction);
+    report += expected_lines(head, variant, direction) + expected_lines(decoding.lines, variant, direction);
     if (decoding.kind == 'e' && octets.find(';') == std::string::npos) {
         octets += " a1";
-        report += report.ends_with(SENDING_COMPLETE) ? "" : indent + SENDING_COMPLETE;
+        report += report.ends_with(SENDING_COMPLETE) ? "" : (direction == 'T' ? INDENT : "") + SENDING_COMPLETE;
     }
     octets = octets.substr(0, octets.find(';'));
-    std::ostringstream record;
-    record << (transmitted ? "54" : "52") << (variant >= 128 ? " 05 " : " ") << std::hex << bytes_of(octets).size()
-           << " ";
-    return {record.str() + octets + "\n", report + "\n"};
+    trace << (direction == 'T' ? "54" : "52") << (basic_rate ? " 05 " : " ") << bytes_of(octets).size() << " " << octets
+          << "\n";
+    report += "\n";
 }
 
 class Decoding : public testing::TestWithParam<Case> {};
@@ -166,21 +162,23 @@ TEST_P(Decoding, Report) {
     const Case& decoding = GetParam();
     for (const int variant : decoding.variants) {
         SCOPED_TRACE("variant " + std::to_string(variant));
-        std::ostringstream body;
-        body << std::hex << variant << " 02\n" << (decoding.kind == 't' ? decoding.octets : "");
-        std::string expected = decoding.kind == 't' ? expected_report(decoding, variant, 'R') : "";
-        if (decoding.status == 1 && expected.ends_with("ERROR ABORT \n")) {
-            expected.pop_back();  // the one line of a report that is not ended
-        }
-        for (const char direction : decoding.kind == 't' ? std::string() : "RT") {
-            const Frame frame = make_frame(decoding, variant, direction);
-            body << frame.record;
-            expected += frame.report;
+        std::ostringstream trace;
+        std::string expected;
+        trace << std::hex << variant << " 02\n";
+        if (decoding.kind == 't') {
+            trace << decoding.octets;
+            expected = expected_lines(decoding.lines, variant, 'R');
+            if (expected.ends_with("ERROR ABORT \n")) {
+                expected.pop_back();  // the one line of a report that is not ended
+            }
+        } else {
+            add_frame(trace, expected, decoding, variant, 'R');
+            add_frame(trace, expected, decoding, variant, 'T');
         }
         const auto behind_protocol = [](const std::string& report) { return report.substr(report.find('\n') + 1); };
-        EXPECT_EQ(behind_protocol(decode_hex(body.str(), decoding.status)), expected);
+        EXPECT_EQ(behind_protocol(decode_hex(trace.str(), decoding.status)), expected);
         if (decoding.kind != 't' && variant == *decoding.variants.begin()) {
-            EXPECT_EQ(behind_protocol(decode_binary(bytes_of(body.str()))), expected) << "as a binary trace";
+            EXPECT_EQ(behind_protocol(decode_binary(bytes_of(trace.str()))), expected) << "as a binary trace";
         }
     }
 }
