@@ -2,6 +2,7 @@
 #include "tests/program.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <sstream>
@@ -249,6 +250,17 @@ TEST_F(Files, ThatCannotBeOpened) {
     expect_failure("QUANDRIX t fifo", cannot_open_report("fifo"));
     expect_failure("ln -s /dev/full pritemp.log; QUANDRIX t o", no_temporary_file);
     expect_failure("rm pritemp.log; mkdir pritemp.log; QUANDRIX t o", no_temporary_file);
+}
+
+TEST_F(Files, WithoutPermission) {
+    const std::string program = geteuid() == 0 ? " setpriv --reuid=65534 --clear-groups ./program " : " ./program ";
+    EXPECT_EQ(folder.run("chmod 777 .; cp " PROGRAM " program; cp t u; chmod 0 u; touch r; chmod 444 r").status, 0);
+    EXPECT_EQ(folder.run(program + "u o 2>errors").terminal,
+              "Failed opening File u \n" + BANNER + "Failed opening file u\n");
+    expect_failure(program + "t r 2>errors", cannot_open_report("r"));
+    expect_failure("touch pritemp.log; chmod 222 pritemp.log;" + program + "t o 2>errors",
+                   "Failed opening pritemp.log\n");
+    expect_failure("chmod 444 pritemp.log;" + program + "t o 2>errors", no_temporary_file);
 }
 
 TEST_F(Files, TemporaryFileIsTraceOrReport) {
