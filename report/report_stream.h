@@ -6,14 +6,11 @@
 // The report: one fixed buffer in front of a file descriptor. Only the line words of report/lines.h write to it.
 class ReportStream {
  public:
-    // Longest piece that room() can be asked for, in bytes.
-    static constexpr std::size_t MAX_PIECE = 512;
-
     // Takes over an open descriptor. The name is kept for messages; it must outlive the stream.
     void attach(int descriptor, const char* name);
 
-    // Room for the next `size` bytes (MAX_PIECE at most) of the report, to be filled by the caller at once. A full
-    // buffer is written out first; if that fails, the run ends.
+    // Room for the next `size` bytes (a line, never the whole buffer) of the report, to be filled by the caller at
+    // once. A full buffer is written out first; if that fails, the run ends.
     char* room(std::size_t size) {
         if (fill_ + size > buffer_.size()) {
             flush();
