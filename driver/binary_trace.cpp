@@ -40,20 +40,14 @@ bool may_be_overwritten(int descriptor) {
 int create_temporary_file() {
     for (;;) {
         const int descriptor = open_for_writing("pritemp.log");
-        if (descriptor < 0) {
+        if (descriptor < 0 || !may_be_overwritten(descriptor)) {
             return -1;
         }
-        const bool usable = may_be_overwritten(descriptor);
-        if (usable) {
-            wait_for_turn(descriptor);
-            if (is_file(descriptor, "pritemp.log") && empty_file(descriptor)) {
-                return descriptor;
-            }
+        wait_for_turn(descriptor);
+        if (is_file(descriptor, "pritemp.log")) {
+            return empty_file(descriptor) ? descriptor : -1;
         }
-        ::close(descriptor);
-        if (!usable) {
-            return -1;
-        }  // else it was removed while this run waited
+        ::close(descriptor);  // it was removed while this run waited
     }
 }
 
