@@ -32,8 +32,8 @@ TEST(Damage, EverySampleUnderEveryProtocol) {
             trace.replace(10, hex ? 2 : 1,
                           hex ? CODES.at(below(CODES.size())) : bytes_of(CODES.at(below(CODES.size()))));
             for (auto count = below(20); count > 0; --count) {
-                trace.at(12 + below(trace.size() - 12)) =
-                    static_cast<char>(below(3) == 0 ? random() : trace.at(below(trace.size())));
+                const char other = trace.at(below(trace.size()));
+                trace.at(12 + below(trace.size() - 12)) = below(3) == 0 ? static_cast<char>(random()) : other;
                 trace.erase(12 + below(trace.size() - 12), below(4));
             }
             trace.resize(trace.size() - (seed % 2 == 0 ? 0 : below(trace.size() / 2)));

@@ -68,7 +68,7 @@ struct Case {
 // "[7]" at the start of a text, taken from it.
 std::string take_filter(std::string& text) {
     const auto size = text.starts_with('[') ? text.find(']') + 1 : 0;
-    const std::string filter = size == 0 ? "" : text.substr(1, size - 2);
+    std::string filter = size == 0 ? "" : text.substr(1, size - 2);
     text.erase(0, size);
     return filter;
 }
