@@ -293,6 +293,15 @@ TEST_F(Files, SeveralBinaryRunsAtOnce) {
     }
 }
 
+TEST_F(Files, TemporaryFileIsRemovedWhileARunWaitsForIt) {
+    const Outcome outcome = folder.run(
+        ": >pritemp.log; flock pritemp.log sh -c 'touch locked; sleep 0.5; rm pritemp.log' &\n"
+        "until [ -e locked ]; do :; done; QUANDRIX t o");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.terminal, "Waiting for another run to finish with pritemp.log\n" + start);
+    EXPECT_EQ(folder.read("o").size(), PRI.size() + 4000 * FRAME.size());
+}
+
 TEST_F(Files, KilledRunIsRepeated) {
     folder.write("large", frames(200000));
     EXPECT_EQ(folder.run("cp large copy; QUANDRIX large & sleep 0.02; kill -9 $!; wait $!; cmp large copy").status, 0);
