@@ -64,7 +64,7 @@ std::string trace_file(std::uint8_t kind, std::span<const std::uint8_t> body) {
         file.append(body.begin(), body.end());
     } else {
         for (const std::uint8_t octet : body) {
-            file.append(hex_pair(octet), 2).append(" ");
+            file.append(" ").append(hex_pair(octet), 2);  // as the conversion does, none behind the last
         }
     }
     return file;
