@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "dpnss/fields.h"
-#include "driver/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
 
@@ -26,9 +25,9 @@ struct Message {
     FieldDecoder second = nullptr;
 };
 
-// Two spellings of the same text, each in its own rows.
-constexpr Message RESERVED = {"RESERVED"};
-constexpr Message Reserved = {"Reserved"};
+// Two spellings of the same text: up to octet 0x21, and from 0x24 on.
+constexpr Message RESERVED_TO_21 = {"RESERVED"};
+constexpr Message RESERVED_FROM_24 = {"Reserved"};
 
 // What a message type means on a DASS2 link, received and transmitted, and on a DPNSS link in either direction.
 struct MessageType {
@@ -46,24 +45,24 @@ constexpr MessageType MESSAGE_TYPES[] = {
     {0x01, {"Incoming Call Indication Msg-Incomplete", SIC, SEL},
            {"Initial Service Request Msg-Incomplete", SIC, SEL},
            {"Initial Service Request Msg-Incomplete", SIC, SEL}},
-    {0x02, RESERVED,
+    {0x02, RESERVED_TO_21,
            {"Recall Msg-Complete", SIC, SEL},
            {"Recall Msg-Complete", SIC, SEL}},
-    {0x03, RESERVED,
+    {0x03, RESERVED_TO_21,
            {"Recall Msg-Incomplete", SIC, SEL},
            {"Recall Msg-Incomplete", SIC, SEL}},
     {0x04, {"Channel Seized Msg"},
-           RESERVED,
-           RESERVED},
+           RESERVED_TO_21,
+           RESERVED_TO_21},
     {0x05, {"Call Connected Msg", IND},
            {"Call Connected Msg", IND},
            {"Call Connected Msg", IND}},
     {0x06, {"Network Indication Msg", IND},
-           RESERVED,
+           RESERVED_TO_21,
            {"Network Indication Msg", IND}},
     {0x07, {"Call Arrival Msg"},
-           RESERVED,
-           RESERVED},
+           RESERVED_TO_21,
+           RESERVED_TO_21},
     {0x08, {"Clear Indication Msg", CAUSE, IND},
            {"Clear Request Msg/Clear ConFirmation Msg", CAUSE, IND},
            {"Clear Indication Msg/Clear Request Msg", CAUSE, IND}},
@@ -71,7 +70,7 @@ constexpr MessageType MESSAGE_TYPES[] = {
            {"Call Accepted Msg", IND},
            {"Number Acknowledge Msg", IND}},
     {0x0A, {"Recall Rejection Msg", CAUSE, IND},
-           RESERVED,
+           RESERVED_TO_21,
            {"Recall Rejection Msg", CAUSE, IND}},
     {0x0B, {"Subsequent Call Indication Msg-Incomplete", SEL},
            {"Subsequent Service Request Msg-Incomplete", SEL},
@@ -80,36 +79,36 @@ constexpr MessageType MESSAGE_TYPES[] = {
            {"Subsequent Service Request Msg-Complete", SEL},
            {"Subsequent Service Request Msg-Complete", SEL}},
     {0x0D, {"Send Service Request Msg"},
-           RESERVED,
-           RESERVED},
+           RESERVED_TO_21,
+           RESERVED_TO_21},
     {0x0E, {"Withold Service Request Msg"},
            {"Service Request Witheld Msg"},
-           RESERVED},
+           RESERVED_TO_21},
     {0x20, {"Swap Msg", SIC},
            {"Swap Msg", SIC},
-           RESERVED},
+           RESERVED_TO_21},
     {0x21, {"User Data Control Msg", UDC},
-           RESERVED,
-           RESERVED},
+           RESERVED_TO_21,
+           RESERVED_TO_21},
     {0x22, {"User-to-User Data Msg-Complete", IND},
            {"User-to-User Data Msg-Complete", IND},
            {"End-to-End Msg-Complete", IND}},
     {0x23, {"User-to-User Data Msg-Incomplete", IND},
            {"User-to-User Data Msg-Incomplete", IND},
            {"End-to-End Msg-Incomplete", IND}},
-    {0x24, Reserved, Reserved, {"Single-Channel Clear Request Msg", CAUSE, IND}},
-    {0x25, Reserved, Reserved, {"Single-Channel Clear Indication Msg", CAUSE, IND}},
-    {0x26, Reserved, Reserved, {"End-to-End Recall Msg-Complete", SIC, SEL}},
-    {0x27, Reserved, Reserved, {"End-to-End Recall Msg-Incomplete", SIC, SEL}},
-    {0x40, Reserved, Reserved, {"Link-by-Link Msg-Complete", IND}},
-    {0x41, Reserved, Reserved, {"Link-by-Link Msg-Incomplete", IND}},
-    {0x42, Reserved, Reserved, {"Link-by-Link Reject Msg", CAUSE, IND}},
+    {0x24, RESERVED_FROM_24, RESERVED_FROM_24, {"Single-Channel Clear Request Msg", CAUSE, IND}},
+    {0x25, RESERVED_FROM_24, RESERVED_FROM_24, {"Single-Channel Clear Indication Msg", CAUSE, IND}},
+    {0x26, RESERVED_FROM_24, RESERVED_FROM_24, {"End-to-End Recall Msg-Complete", SIC, SEL}},
+    {0x27, RESERVED_FROM_24, RESERVED_FROM_24, {"End-to-End Recall Msg-Incomplete", SIC, SEL}},
+    {0x40, RESERVED_FROM_24, RESERVED_FROM_24, {"Link-by-Link Msg-Complete", IND}},
+    {0x41, RESERVED_FROM_24, RESERVED_FROM_24, {"Link-by-Link Msg-Incomplete", IND}},
+    {0x42, RESERVED_FROM_24, RESERVED_FROM_24, {"Link-by-Link Reject Msg", CAUSE, IND}},
     {0x43, {"Maintenance Information Msg", SEL},
            {"Maintenance Information Msg", SEL},
-           Reserved},
-    {0x44, Reserved, Reserved, {"Swap Msg", SIC, IND}},
-    {0x45, Reserved, Reserved, {"Link Maintenance Msg", MAINT, IND}},
-    {0x46, Reserved, Reserved, {"Link Maintenance Reject Msg", CAUSE, IND}},
+           RESERVED_FROM_24},
+    {0x44, RESERVED_FROM_24, RESERVED_FROM_24, {"Swap Msg", SIC, IND}},
+    {0x45, RESERVED_FROM_24, RESERVED_FROM_24, {"Link Maintenance Msg", MAINT, IND}},
+    {0x46, RESERVED_FROM_24, RESERVED_FROM_24, {"Link Maintenance Reject Msg", CAUSE, IND}},
 };
 // clang-format on
 

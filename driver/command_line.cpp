@@ -28,9 +28,8 @@ bool has_destination(int count, char** argv) {
     }
 }
 
-}  // namespace
-
-void print_msg() {
+// Prints the usage text and ends the run.
+[[noreturn]] void print_msg() {
     std::fputs(
         "QUANDRIX Version 1.00-Alpha\n\n"
         "Usage: QUANDRIX SOURCE [DESTINATION] [options]\n"
@@ -44,6 +43,8 @@ void print_msg() {
         stdout);
     std::exit(1);
 }
+
+}  // namespace
 
 void velmarix_header() {
     std::fputs(

@@ -16,8 +16,5 @@ extern CommandLine Parameter;
 // the usage text and exits with status 1.
 void read_command_line(int argc, char** argv);
 
-// Prints the usage text on the terminal and exits with status 1.
-[[noreturn]] void print_msg();
-
 // Prints the banner on the terminal.
 void velmarix_header();

@@ -37,6 +37,7 @@ std::uint8_t class_of(int character) {
 }  // namespace
 
 bool TraceStream::open(const char* name) {
+    close();
     descriptor_ = open_for_reading(name);
     eof_ = false;
     next_ = limit_ = buffer_.data();
@@ -107,6 +108,33 @@ bool TraceStream::scan_two_digits(std::uint32_t& number) {
     return true;
 }
 
+// Takes the digits from the given character on, and "0x" in front of them, which alone is 0. A number of more than 64
+// bits is all ones whatever its sign. False when there is no digit. The character behind is left in `character`.
+bool TraceStream::scan_digits(int& character, bool negative, std::uint64_t& number) {
+    bool digits = false;
+    if (character == '0') {
+        digits = true;
+        character = byte();
+        if (character == 'x' || character == 'X') {
+            character = byte();
+        }
+    }
+    bool overflow = false;
+    number = 0;
+    for (std::uint8_t digit = class_of(character); digit < SPACE; digit = class_of(character)) {
+        overflow = overflow || (number >> 60U) != 0;
+        number = number << 4U | digit;
+        digits = true;
+        character = byte();
+    }
+    if (overflow) {
+        number = std::numeric_limits<std::uint64_t>::max();
+    } else if (negative) {
+        number = -number;
+    }
+    return digits;
+}
+
 bool TraceStream::scan(std::uint32_t& number) {
     if (scan_two_digits(number)) {
         return true;
@@ -120,30 +148,10 @@ bool TraceStream::scan(std::uint32_t& number) {
         if (negative || character == '+') {
             character = byte();
         }
-        bool digits = false;
-        if (character == '0') {
-            digits = true;  // "0x" with no digit behind it is 0
-            character = byte();
-            if (character == 'x' || character == 'X') {
-                character = byte();
-            }
-        }
-        std::uint64_t magnitude = 0;
-        bool overflow = false;
-        for (std::uint8_t digit = class_of(character); digit < SPACE; digit = class_of(character)) {
-            overflow = overflow || (magnitude >> 60U) != 0;
-            magnitude = magnitude << 4U | digit;
-            digits = true;
-            character = byte();
-        }
-        if (digits) {
+        std::uint64_t whole = 0;
+        if (scan_digits(character, negative, whole)) {
             put_back(character);
-            if (overflow) {
-                magnitude = std::numeric_limits<std::uint64_t>::max();  // whatever the sign
-            } else if (negative) {
-                magnitude = -magnitude;
-            }
-            number = static_cast<std::uint32_t>(magnitude);
+            number = static_cast<std::uint32_t>(whole);
             return true;
         }
         skip_word(character);

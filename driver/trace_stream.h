@@ -7,10 +7,15 @@
 // A trace file read forward through one fixed buffer: as hexadecimal text by scan(), or as raw bytes by byte().
 class TraceStream {
  public:
+    TraceStream() = default;
+    TraceStream(const TraceStream&) = delete;
+    TraceStream& operator=(const TraceStream&) = delete;
+
     // What byte() returns at the end of the file.
     static constexpr int END = -1;
 
-    // Opens a file at its first byte, never waiting for one. False when it cannot be opened or is a folder.
+    // Opens a file at its first byte, never waiting for one; closes the one that was open. False when it cannot be
+    // opened or is a folder.
     [[nodiscard]] bool open(const char* name);
 
     // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe, a device).
@@ -34,6 +39,7 @@ class TraceStream {
     bool scan_two_digits(std::uint32_t& number);
     int refill();
     int skip_space();
+    bool scan_digits(int& character, bool negative, std::uint64_t& number);
     void skip_word(int character);
     void put_back(int character);
 

@@ -58,13 +58,17 @@ void reset_state() {
     reset_reader();
 }
 
+// White space at its end decides where a trace ends: a binary one gets the line ends that its conversion would write.
 std::string trace_file(std::uint8_t kind, std::span<const std::uint8_t> body) {
     std::string file(HEADER_SIZE, static_cast<char>(kind));
     if (kind % 2 == 0) {
         file.append(body.begin(), body.end());
-    } else {
-        for (const std::uint8_t octet : body) {
-            file.append(" ").append(hex_pair(octet), 2);  // as the conversion does, none behind the last
+        return file;
+    }
+    for (std::size_t i = 0; i < body.size(); ++i) {
+        file.append(" ").append(hex_pair(body[i]), 2);
+        if (i != 0 && i % 26 == 0) {
+            file.append("\n");
         }
     }
     return file;

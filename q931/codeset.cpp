@@ -1,6 +1,5 @@
 #include "q931/codeset.h"
 
-#include "driver/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
 
@@ -12,7 +11,7 @@ void padded_hex(std::int32_t octet) {
         hex(octet);
     } else {
         text(" ");
-        text({&"0123456789abcdef"[octet], 1});
+        text({hex_pair(octet) + 1, 1});
     }
 }
 

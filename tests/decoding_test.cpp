@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
+#include <stdexcept>
+#include <vector>
 
 #include "tests/program.h"
 
@@ -75,6 +78,9 @@ std::string take_filter(std::string& text) {
 
 // "[filter]marks|line|[filter]line": filter and marks in front go for all lines, '>' for the first one only.
 void parse_lines(std::vector<Line>& lines, std::string source) {
+    if (source.find('|') == std::string::npos) {
+        throw std::runtime_error(source);
+    }
     const std::string filter = take_filter(source);
     std::string marks = source.substr(0, source.find('|'));
     for (auto at = source.find('|'); at != std::string::npos;) {

@@ -1,6 +1,7 @@
 // All DASS2 and DPNSS message types and field codes, against the tables in tests/cases/dpnss_messages.txt.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <map>

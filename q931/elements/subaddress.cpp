@@ -1,4 +1,3 @@
-#include "driver/trace_reader.h"
 #include "q931/elements/elements.h"
 #include "report/lines.h"
 #include "report/state.h"
