@@ -90,6 +90,13 @@ void parse_lines(std::vector<Line>& lines, std::string source) {
         for (auto escape = text.find("\\x"); escape != std::string::npos; escape = text.find("\\x", escape)) {
             text.replace(escape, 4, 1, static_cast<char>(std::stoi(text.substr(escape + 2, 2), nullptr, 16)));
         }
+        if (text.starts_with('@')) {  // "@CAUSE 08 02": the title and length lines of an element
+            const std::string name = text.substr(1, text.size() - 7);
+            const std::string title = "  1:           " + name + "(0x" + text.substr(text.size() - 5, 2) + ")";
+            lines.push_back({own_filter.empty() ? filter : own_filter, marks, title});
+            text = "  2:           IE Length(0x" + text.substr(text.size() - 2) + ")";
+            std::erase(marks, '>');
+        }
         lines.push_back({own_filter.empty() ? filter : own_filter, marks, text});
         std::erase(marks, '>');
         at = next;
