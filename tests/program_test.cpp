@@ -40,26 +40,29 @@ std::string frames(unsigned count) {
     return trace;
 }
 
+// The parts of a text between colons.
+std::vector<std::string> parts(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> all(1);
+    while (std::getline(stream, all.back(), ':')) {
+        all.emplace_back();
+    }
+    return all;
+}
+
 TEST(CommandLine, ChoosesReportAndKindOfTrace) {
-    struct {
-        const char* arguments;
-        const char* report;
-        bool hex;
-    } const rows[] = {
-        {"t", "t.res", false},      {"t -d", "t.res", true},     {"t o", "o", false},
-        {"t o -D", "o", true},      {"t -d o", "-d", true},      {"t -d -D", "t.res", true},
-        {"t -d o -x-", "-d", true}, {"t -x- -d", "t.res", true}, {"t o x y -d", "t.res", true},
-        {"t -pri", "t.res", false}, {"t o dd", "o", false},      {"t o -", "o", false},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.arguments);
+    for (const char* row : {"t:t.res:BINARY", "t -d:t.res:hex", "t o:o:BINARY", "t o -D:o:hex", "t -d o:-d:hex",
+                            "t -d -D:t.res:hex", "t -d o -x-:-d:hex", "t -x- -d:t.res:hex", "t o x y -d:t.res:hex",
+                            "t -pri:t.res:BINARY", "t o dd:o:BINARY", "t o -:o:BINARY"}) {
+        SCOPED_TRACE(row);
+        const bool hex = parts(row)[2] == "hex";
         const Folder folder;
-        folder.write("t", row.hex ? ZERO_HEADER + "2 2\n" + RECORD : frames(1));
-        const Outcome outcome = folder.run(std::string("QUANDRIX ") + row.arguments);
+        folder.write("t", hex ? ZERO_HEADER + "2 2\n" + RECORD : frames(1));
+        const Outcome outcome = folder.run("QUANDRIX " + parts(row)[0]);
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.terminal,
-                  BANNER + (row.hex ? "KORVEL TRACE\n" : "BINARY TRACE \n") + "ISDN Protocol: PRI 4ESS/5ESS\n");
-        EXPECT_EQ(folder.read(row.report), PRI + FRAME);
+                  BANNER + (hex ? "KORVEL TRACE\n" : "BINARY TRACE \n") + "ISDN Protocol: PRI 4ESS/5ESS\n");
+        EXPECT_EQ(folder.read(parts(row)[1]), PRI + FRAME);
     }
 }
 
@@ -79,42 +82,36 @@ TEST(CommandLine, Errors) {
     EXPECT_EQ(folder.run("QUANDRIX no/t").terminal, "Failed opening file no/t.res\n");
 }
 
+// Codes, then kind and report text; the terminal shows it without the blank at its end.
 TEST(Protocol, Codes) {
-    struct {
-        const char* codes;
-        std::string name;  // kind and report text; the terminal shows it without the blank at its end
-    } const rows[] = {
-        {"0 E", "PRI UNSPECIFIED PROTOCOL"},
-        {"2 3 100000002", "PRI 4ESS/5ESS"},
-        {"7", "PRI DMS100"},
-        {"9", "PRI VN3"},
-        {"B", "PRI NTT"},
-        {"C", "PRI 1TR6"},
-        {"10", "PRI TPH1856"},
-        {"11", "PRI NET5"},
-        {"14", "PRI DASS2"},
-        {"17", "PRI DPNSS A-End"},
-        {"18", "PRI DPNSS B-End"},
-        {"19", "PRI NI2"},
-        {"1 4 5 6 8 A D F 12 13 15 16 1A 7F -1 80000000 10000000000000000", "PRI UNKNOWN PROTOCOL"},
-        {"80", "BRI INVALID PROTOCOL"},
-        {"81", "BRI 5ESS"},
-        {"82", "BRI DMS100 "},
-        {"83", "BRI NTT"},
-        {"84", "BRI NET3 "},
-        {"85", "BRI NI1"},
-        {"86", "BRI NI2"},
-        {"87 FF 102 7FFFFFFF", "BRI UNKNOWN PROTOCOL"},
-    };
-    for (const auto& row : rows) {
-        for (const std::string& code : words(row.codes)) {
+    for (const char* row : {"0 E:PRI UNSPECIFIED PROTOCOL",
+                            "2 3 100000002:PRI 4ESS/5ESS",
+                            "7:PRI DMS100",
+                            "9:PRI VN3",
+                            "B:PRI NTT",
+                            "C:PRI 1TR6",
+                            "10:PRI TPH1856",
+                            "11:PRI NET5",
+                            "14:PRI DASS2",
+                            "17:PRI DPNSS A-End",
+                            "18:PRI DPNSS B-End",
+                            "19:PRI NI2",
+                            "1 4 5 6 8 A D F 12 13 15 16 1A 7F -1 80000000 10000000000000000:PRI UNKNOWN PROTOCOL",
+                            "80:BRI INVALID PROTOCOL",
+                            "81:BRI 5ESS",
+                            "82:BRI DMS100 ",
+                            "83:BRI NTT",
+                            "84:BRI NET3 ",
+                            "85:BRI NI1",
+                            "86:BRI NI2",
+                            "87 FF 102 7FFFFFFF:BRI UNKNOWN PROTOCOL"}) {
+        const std::string name = parts(row)[1];
+        for (const std::string& code : words(parts(row)[0])) {
             const Folder folder;
             folder.write("t", ZERO_HEADER + code + " 02");  // nothing behind it: the run ends before a record
             EXPECT_EQ(folder.run("QUANDRIX t o -d").terminal,
-                      BANNER + "KORVEL TRACE\nISDN Protocol: " +
-                          row.name.substr(0, row.name.find_last_not_of(' ') + 1) + "\n");
-            EXPECT_EQ(folder.read("o"),
-                      (row.name[0] == 'P' ? "PROTOCOL TYPE                 : " : "") + row.name + "\n");
+                      BANNER + "KORVEL TRACE\nISDN Protocol: " + name.substr(0, name.find_last_not_of(' ') + 1) + "\n");
+            EXPECT_EQ(folder.read("o"), (name[0] == 'P' ? "PROTOCOL TYPE                 : " : "") + name + "\n");
         }
     }
 }
