@@ -1,6 +1,13 @@
 #pragma once
 
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <string>
 
 // Ten zero bytes, the head of most test traces.
@@ -9,34 +16,61 @@ inline const std::string ZERO_HEADER(10, '\0');
 // The transmit indent.
 inline const std::string INDENT(39, ' ');
 
-struct Outcome {
-    int status;            // exit status
-    std::string terminal;  // standard output and standard error
-};
+// Text with "41 42" made into bytes.
+inline std::string bytes_of(const std::string& hex) {
+    std::istringstream stream(hex);
+    std::string bytes;
+    for (unsigned byte = 0; stream >> std::hex >> byte;) {
+        bytes.push_back(static_cast<char>(byte));
+    }
+    return bytes;
+}
+
+// A file's whole contents; an empty text when it is missing.
+inline std::string contents(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
 
 // An empty folder that the program runs in, removed at the end.
 class Folder {
  public:
-    Folder();
+    Folder() : root_(mkdtemp(std::string("/tmp/quandrix-XXXXXX").data())) {}
     ~Folder() { std::filesystem::remove_all(root_); }
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
 
-    [[nodiscard]] std::filesystem::path path(const std::string& name) const { return root_ / name; }
-    void write(const std::string& name, const std::string& bytes) const;
-    [[nodiscard]] std::string read(const std::string& name) const;
+    void write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(root_ / name, std::ios::binary) << bytes;
+    }
+    [[nodiscard]] std::string read(const std::string& name) const { return contents(root_ / name); }
+
+    struct Outcome {
+        int status;            // exit status
+        std::string terminal;  // standard output and standard error
+    };
 
     // Runs shell commands in the folder, the program among them as QUANDRIX.
-    [[nodiscard]] Outcome run(const std::string& commands) const;
+    [[nodiscard]] Outcome run(const std::string& commands) const {
+        write("commands", "cd " + root_.string() + "\nexport TZ=UTC\nQUANDRIX() { " PROGRAM " \"$@\"; }\n" + commands);
+        const int status = std::system(("cd " + root_.string() + "; sh ./commands >terminal 2>&1").c_str());
+        return {WEXITSTATUS(status), read("terminal")};
+    }
 
  private:
     std::filesystem::path root_;
 };
 
-// Decodes a trace, given behind its header as hex text or as bytes, checks the status and gives the report.
-std::string decode_hex(const std::string& body, int status = 0, const std::string& header = ZERO_HEADER);
-std::string decode_binary(const std::string& body);
+// Decodes a trace as hex text (" -d") or as bytes (""), checks the status and gives the report.
+inline std::string decode(const std::string& trace, const std::string& option, int status = 0) {
+    const Folder folder;
+    folder.write("trace", trace);
+    const Folder::Outcome outcome = folder.run("QUANDRIX trace report" + option);
+    EXPECT_EQ(outcome.status, status) << outcome.terminal;
+    return folder.read("report");
+}
 
-// A file's whole contents; an empty text when it is missing. And text with "41 42" made into bytes.
-std::string contents(const std::filesystem::path& file);
-std::string bytes_of(const std::string& hex);
+// The same for hex text behind a header of zero bytes.
+inline std::string decode_hex(const std::string& body, int status = 0) {
+    return decode(ZERO_HEADER + body, " -d", status);
+}
