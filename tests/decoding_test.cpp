@@ -20,8 +20,7 @@ std::vector<int> codes(const std::string& list) {
 // An expected line.
 struct Line {
     std::string filter;  // where it is expected: "9 16", "!9 16" (not under these), "R", "T", or everywhere
-    std::string marks;   // '>' an indent more when transmitted, 'T' an indent in any case
-    std::string text;
+    std::string text;    // each '>' in front of it an indent more when transmitted
 
     [[nodiscard]] bool in(int variant, char direction) const {
         const bool all_but = filter.starts_with('!');
@@ -30,11 +29,12 @@ struct Line {
     }
 
     [[nodiscard]] std::string report(char direction) const {
-        std::string line = direction == 'T' || marks == "T" ? INDENT : "";
-        for (auto more = direction == 'T' ? std::ranges::count(marks, '>') : 0; more > 0; --more) {
+        const auto more = std::min(text.find_first_not_of('>'), text.size());
+        std::string line;
+        for (auto left = direction == 'T' ? more + 1 : 0; left > 0; --left) {
             line += INDENT;
         }
-        return line + text + "\n";
+        return line + text.substr(more) + "\n";
     }
 };
 
@@ -52,21 +52,20 @@ std::string take_filter(std::string& text) {
     return filter;
 }
 
-// "[filter]marks|line|[filter]line": filter and marks in front go for all lines, '>' for the first one only.
+// "[filter]|line|[filter]line", the filter in front for all lines without their own; "T|line": lines with an indent.
 void parse_lines(std::vector<Line>& lines, std::string source) {
-    static const std::regex element(R"(\|(\[[^\]]*\])?@([^|]*) (..) (..))");
-    source = std::regex_replace(source, element, "|$1  1:           $2(0x$3)|$1  2:           IE Length(0x$4)");
+    static const std::regex element(R"(\|(\[[^\]]*\])?(>*)@([^|]*) (..) (..))");
+    source = std::regex_replace(source, element, "|$1$2  1:           $3(0x$4)|$1  2:           IE Length(0x$5)");
     source = std::regex_replace(source, std::regex("~"), "------- Extension Bit");
     const std::string filter = take_filter(source);
-    std::istringstream texts(source + "|");
-    std::string marks;
-    std::getline(texts, marks, '|');
-    for (std::string text; std::getline(texts, text, '|'); std::erase(marks, '>')) {
+    const std::string column = source.starts_with('T') ? INDENT : "";
+    std::istringstream texts(source.substr(source.find('|') + 1) + "|");
+    for (std::string text; std::getline(texts, text, '|');) {
         const std::string own_filter = take_filter(text);
         for (auto escape = text.find("\\x"); escape != std::string::npos; escape = text.find("\\x", escape)) {
             text.replace(escape, 4, bytes_of(text.substr(escape + 2, 2)));
         }
-        lines.push_back({own_filter.empty() ? filter : own_filter, marks, text});
+        lines.push_back({own_filter.empty() ? filter : own_filter, column + text});
     }
 }
 
@@ -78,7 +77,7 @@ std::vector<Case> read_cases() {
             const auto colon = source.find(": ");
             if (source.starts_with("== ")) {
                 cases.push_back({entry.path().stem().string() + "_" + source.substr(3), {}, {}});
-            } else if (source.find_first_of("[|>T") == 0) {
+            } else if (source.find_first_of("[|T") == 0) {
                 parse_lines(cases.back().lines, source);
             } else if (source[0] != '#' && !entry.path().string().ends_with("_messages.txt")) {
                 cases.back().keys[source.substr(0, colon)] += source.substr(colon + 2) + " ";
@@ -102,7 +101,7 @@ void add_frame(std::string& trace, std::string& report, Case decoding, int varia
     std::string octets = decoding.keys["frame"];
     std::vector<Line> head;
     parse_lines(head, line.empty() ? "[R]|RECEIVE" : "[R]|RECEIVE (5)");
-    parse_lines(head, line.empty() ? "[T]>|TRANSMIT" : "[T]>|TRANSMIT (5)");
+    parse_lines(head, line.empty() ? "[T]|>TRANSMIT" : "[T]|>TRANSMIT (5)");
     if (octets.empty()) {
         octets = "02 01 00 00 08 02 00 01 05 " + decoding.keys["element"];
         parse_lines(head, "|[R]Command=1   SAPI=0x00|[T]Response=1   SAPI=0x00|TEI=0x00|0x00 0x00  Information");
