@@ -294,14 +294,14 @@ TEST_F(Files, SamplesDecodeToTheirReports) {
 TEST(Damage, EndsWithStatus0Or1) {
     const std::string protocols = "000207090B0C10111417181980818283848586";
     for (const auto& entry : fs::directory_iterator(SAMPLES)) {
-        for (unsigned seed = 0; seed < 76 && entry.path().extension() != ".res"; ++seed) {
+        for (std::size_t seed = 0; seed < 76 && entry.path().extension() != ".res"; ++seed) {
             SCOPED_TRACE(entry.path().string() + ", seed " + std::to_string(seed));
             std::mt19937 random(seed);
             const bool hex = entry.path().extension() == ".hex";
             std::string trace = contents(entry.path());
             if (seed % 4 == 0) {
                 std::ranges::generate(trace, [&random] {
-                    return static_cast<char>(random() % 3 == 0 ? "RTDP\2\1\b\x14"[random() % 8] : random());
+                    return random() % 3 == 0 ? "RTDP\2\1\b\x14"[random() % 8] : static_cast<char>(random());
                 });
             }
             const std::string protocol = protocols.substr(2 * seed % protocols.size(), 2);
