@@ -90,7 +90,7 @@ TEST(Protocol, Codes) {
 
 // What scanf's "%x" takes for a number, and what stdio takes for the end of a file.
 TEST(Numbers, AsTheScannerReadsThem) {
-    for (const char* text : {"2 2 52 03 02 01 63", "0x2 0X2\t152\v+3\f-FE\r01\n0X63", "2 2 52 -0xFFFFFD 02+1G 63",
+    for (const char* text : {"  2 2 52 03 02 01 63", "0x2 0X2\t152\v+3\f-FE\r01\n0X63", "2 2 52 -0xFFFFFD 02+1G 63",
                              "2/2 2@ 0052: 3` 2G 1g7 63, x", "ZZ 2 - 2 +-2 52 FFFFFFFFFFFFFF03 02 1 63\n",
                              "2 2 \n52 3 2 1 63-", "2 2 52 03 02 -FFFFFFFFFFFFFFFF 0x63g"}) {
         EXPECT_EQ(decode_hex(text), PRI + FRAME) << text;
