@@ -57,6 +57,7 @@ void parse_lines(std::vector<Line>& lines, std::string source) {
     static const std::regex element(R"(\|(\[[^\]]*\])?(>*)@([^|]*) (..) (..))");
     source = std::regex_replace(source, element, "|$1$2  1:           $3(0x$4)|$1  2:           IE Length(0x$5)");
     source = std::regex_replace(source, std::regex("~"), "------- Extension Bit");
+    source = std::regex_replace(source, std::regex(R"(([|>\]])([-01]{8}))"), "$1      $2");
     const std::string filter = take_filter(source);
     const std::string column = source.starts_with('T') ? INDENT : "";
     std::istringstream texts(source.substr(source.find('|') + 1) + "|");
