@@ -52,6 +52,14 @@ std::string take_filter(std::string& text) {
     return filter;
 }
 
+// The lines that follow the title and length of the last element but one, so many of them.
+std::vector<Line> repeated(const std::vector<Line>& lines, std::ptrdiff_t count) {
+    const auto is_length = [](const Line& line) { return line.text.starts_with("  2:           IE Length(0x"); };
+    const auto last = std::find_if(lines.rbegin(), lines.rend(), is_length);
+    const auto first = std::find_if(std::next(last), lines.rend(), is_length).base();
+    return {first, first + count};
+}
+
 // "[filter]|line|[filter]line", the filter in front for all lines without their own; "T|line": lines with an indent.
 void parse_lines(std::vector<Line>& lines, std::string source) {
     static const std::regex element(R"(\|(\[[^\]]*\])?(>*)@([^|]*) (..) (..))");
@@ -65,6 +73,10 @@ void parse_lines(std::vector<Line>& lines, std::string source) {
         const std::string own_filter = take_filter(text);
         for (auto escape = text.find("\\x"); escape != std::string::npos; escape = text.find("\\x", escape)) {
             text.replace(escape, 4, bytes_of(text.substr(escape + 2, 2)));
+        }
+        if (text.starts_with('"')) {
+            std::ranges::copy(repeated(lines, std::stoi(text.substr(1))), std::back_inserter(lines));
+            continue;
         }
         lines.push_back({own_filter.empty() ? filter : own_filter, column + text});
     }

@@ -243,12 +243,11 @@ TEST_F(Files, ReportCannotBeWrittenWhole) {
 // Runs in one folder take turns with pritemp.log.
 TEST_F(Files, SeveralBinaryRunsAtOnce) {
     folder.write("u", frames(8000));
-    EXPECT_EQ(folder
-                  .run("QUANDRIX t; QUANDRIX u\n"
-                       "for run in 1 2 3 4; do cp t t$run; cp u u$run; QUANDRIX t$run & QUANDRIX u$run & done; wait\n"
-                       "for run in 1 2 3 4; do cmp t.res t$run.res && cmp u.res u$run.res || exit 1; done")
-                  .status,
-              0);
+    const Folder::Outcome outcome = folder.run(
+        "QUANDRIX t; QUANDRIX u\n"
+        "for run in 1 2 3 4; do cp t t$run; cp u u$run; QUANDRIX t$run & QUANDRIX u$run & done; wait\n"
+        "for run in 1 2 3 4; do cmp t.res t$run.res && cmp u.res u$run.res || exit 1; done");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
 TEST_F(Files, TemporaryFileIsRemovedWhileARunWaitsForIt) {
@@ -263,11 +262,11 @@ TEST_F(Files, TemporaryFileIsRemovedWhileARunWaitsForIt) {
 
 TEST_F(Files, KilledRunIsRepeated) {
     // The pipe is open and nobody reads: the run stands still in the middle of its report.
-    EXPECT_EQ(folder
-                  .run("cp t copy; mkfifo pipe; exec 3<>pipe; " PROGRAM " t pipe 3<&- &\n"
-                       "until [ -s pritemp.log ]; do :; done; kill -9 $!; wait $!; [ $? = 137 ] && cmp t copy")
-                  .status,
-              0);
+    const Folder::Outcome outcome =
+        folder.run("cp t copy; mkfifo pipe; exec 3<>pipe; " PROGRAM
+                   " t pipe 3<&- &\n"
+                   "until [ -s pritemp.log ]; do :; done; kill -9 $!; wait $!; [ $? = 137 ] && cmp t copy");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
     EXPECT_EQ(folder.run("QUANDRIX t").status, 0);
     EXPECT_EQ(folder.read("t.res").size(), PRI.size() + 4000 * FRAME.size());
 }
