@@ -3,10 +3,7 @@
 
 #include <unistd.h>
 
-#include <filesystem>
 #include <regex>
-
-namespace fs = std::filesystem;
 
 namespace {
 
