@@ -1,6 +1,5 @@
 // The cases of tests/cases: octets in, report lines out. CONTRIBUTING.md describes their format.
 #include <algorithm>
-#include <cctype>
 #include <map>
 #include <regex>
 #include <vector>
