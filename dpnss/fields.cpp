@@ -1,6 +1,6 @@
 #include "dpnss/fields.h"
 
-#include "driver/trace_reader.h"
+#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
 

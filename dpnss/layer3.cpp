@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "dpnss/fields.h"
+#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
 

@@ -1,46 +1,74 @@
 #include "driver/files.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "driver/command_line.h"
+#include "driver/trace/clock.h"
+#include "driver/trace/trace_stream.h"
+#include "report/file_access.h"
+#include "report/run_end.h"
+#include "report/state.h"
 
 namespace {
 
-int close_and_fail(int descriptor) {
-    ::close(descriptor);
-    return -1;
+[[noreturn]] void fail_opening(const char* name) {
+    std::printf("Failed opening file %s\n", name);
+    end_run(1);
+}
+
+void open_report() {
+    const char* name = Parameter.Destination->c_str();
+    const int descriptor = open_for_writing(name);
+    if (descriptor < 0 || is_file(descriptor, Parameter.Source) || !empty_file(descriptor)) {
+        std::printf("ERROR:Fail to open %s file.\n", name);
+        std::fputs(
+            "Info:The destination file may exist on your system and ready only\n"
+            "Suggestion:\nChange the permission. OR Delete the file to re-use same name. OR Use different "
+            "destination file name.\n",
+            stdout);
+        end_run(1);
+    }
+    ofp.attach(descriptor, name);
 }
 
 }  // namespace
 
-int open_for_reading(const char* name) {
-    const int descriptor = ::open(name, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    struct stat status {};
-    if (descriptor >= 0 && (::fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode))) {
-        return close_and_fail(descriptor);
+void default_destination() {
+    Parameter.Destination = std::string(Parameter.Source) + ".res";
+    const char* name = Parameter.Destination->c_str();
+    const int descriptor = open_for_writing(name);
+    if (descriptor < 0 || !(is_file(descriptor, Parameter.Source) || empty_file(descriptor))) {
+        fail_opening(name);
     }
-    return descriptor;
+    ::close(descriptor);
 }
 
-int open_for_writing(const char* name) {
-    const int descriptor = ::open(name, O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666);
-    // Only opening must not wait; writing into a pipe waits for its reader.
-    if (descriptor >= 0 && ::fcntl(descriptor, F_SETFL, O_WRONLY) != 0) {
-        return close_and_fail(descriptor);
+void read_trace_header() {
+    const int descriptor = ::open(Parameter.Source, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0) {
+        std::printf("Failed opening File %s \n", Parameter.Source);
+        return;
     }
-    return descriptor;
+    std::array<std::uint8_t, TRACE_HEADER_SIZE> header{};
+    // At an offset, so that nothing is taken out of a pipe, which the run will refuse.
+    if (::pread(descriptor, header.data(), header.size(), 0) > 0) {
+        Timeb = trace_header(header);
+    }
+    ::close(descriptor);
 }
 
-bool empty_file(int descriptor) { return !is_regular_file(descriptor) || ::ftruncate(descriptor, 0) == 0; }
-
-bool is_file(int descriptor, const char* name) {
-    struct stat open_file {};
-    struct stat named_file {};
-    return ::fstat(descriptor, &open_file) == 0 && ::stat(name, &named_file) == 0 &&
-           open_file.st_dev == named_file.st_dev && open_file.st_ino == named_file.st_ino;
-}
-
-bool is_regular_file(int descriptor) {
-    struct stat status {};
-    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+void open_files(const char* when_seek_fails) {
+    if (!ifp.open(Parameter.Source)) {
+        fail_opening(Parameter.Source);
+    }
+    open_report();
+    if (!ifp.seek(TRACE_HEADER_SIZE)) {
+        std::fputs(when_seek_fails, stdout);
+        end_run(1);
+    }
 }

@@ -1,17 +1,14 @@
 #pragma once
 
-// Opens a file for reading without waiting (a FIFO opens at once). -1 when that fails, and for a folder.
-int open_for_reading(const char* name);
+// The files that the command line names. Each function ends the run with its message and status 1 when a file cannot
+// be used.
 
-// Opens a file for writing and creates it when missing, without waiting (a FIFO that nobody reads fails) and without
-// touching what it holds. -1 when that fails.
-int open_for_writing(const char* name);
+// Forms the report's default name, and creates the file at once, empty unless it is the trace itself.
+void default_destination();
 
-// Empties an open regular file; anything else (a terminal, a pipe) is left as it is. False when that fails.
-[[nodiscard]] bool empty_file(int descriptor);
+// Reads the trace header into `Timeb`. A trace that cannot be opened is said on the terminal, and the run goes on;
+// bytes that the file does not have are zero.
+void read_trace_header();
 
-// Whether an open file is the one of that name, which may be a link to it.
-bool is_file(int descriptor, const char* name);
-
-// Whether an open file is a regular one.
-bool is_regular_file(int descriptor);
+// Opens the trace and the report, and goes to the body of the trace.
+void open_files(const char* when_seek_fails);

@@ -2,8 +2,8 @@
 
 #include "dpnss/layer2.h"
 #include "dpnss/layer3.h"
-#include "driver/trace_records.h"
-#include "driver/trace_stream.h"
+#include "driver/records.h"
+#include "driver/trace/trace_stream.h"
 #include "q931/layer2.h"
 #include "q931/layer3.h"
 #include "report/lines.h"
@@ -41,7 +41,7 @@ void decode_q931_record() {
 
 void decode_records() {
     const bool dpnss = variant_is(PRI_DASS2, PRI_DPNSS_A, PRI_DPNSS_B);
-    while (!ifp.eof()) {
+    while (!ifp.eof() && !ofp.lost()) {
         if (dpnss) {
             decode_dpnss_record();
         } else {

@@ -2,16 +2,13 @@
 
 #include <array>
 #include <charconv>
-#include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <limits>
 #include <string_view>
 
+#include "driver/trace/clock.h"
 #include "report/lines.h"
 #include "report/state.h"
-
-TraceHeader Timeb;
 
 namespace {
 
@@ -20,8 +17,8 @@ constexpr std::size_t TIME_SIZE = 64;  // year of 10 digits at most, millisecond
 // A moment of local time as "%d/%d/%d, %d:%d:%d.%d": month, day, year, hour, minute, second, milliseconds.
 class TimeText {
  public:
-    TimeText(std::int64_t seconds, std::int64_t milliseconds) {
-        const std::time_t time = seconds;
+    explicit TimeText(const Moment& moment) {
+        const std::time_t time = moment.seconds;
         std::tm parts{};
         std::int64_t month = 0;
         std::int64_t year = 0;
@@ -37,7 +34,7 @@ class TimeText {
         append(parts.tm_hour, ":");
         append(parts.tm_min, ":");
         append(parts.tm_sec, ".");
-        append(milliseconds, "");
+        append(moment.milliseconds, "");
     }
 
     [[nodiscard]] std::string_view view() const { return {text_.data(), size_}; }
@@ -54,31 +51,10 @@ class TimeText {
     std::size_t size_ = 0;
 };
 
-// Elapsed time in units of 5 ms: ticks x resolution, which just fits into 64 bits. A count below that of the first
-// record has wrapped around: where that makes it up to 24.8 days early, as 32 bits of milliseconds can say, it is
-// early.
-std::int64_t elapsed(std::uint32_t ticks) {
-    constexpr std::int64_t DAYS_24_8 = std::numeric_limits<std::int32_t>::max() / 5;
-    const std::int64_t early = std::int64_t{Ticks_resolution} * static_cast<std::int32_t>(ticks);
-    return std::abs(early) <= DAYS_24_8 ? early : std::int64_t{Ticks_resolution} * std::int64_t{ticks};
-}
-
-// The calendar time of a tick count.
-TimeText time_of(std::uint32_t ticks) {
-    const std::int64_t elapsed_5ms = elapsed(ticks);
-    std::int64_t seconds = elapsed_5ms / 200;
-    std::int64_t milliseconds = Timeb.millitm + elapsed_5ms % 200 * 5;
-    if (milliseconds > 999) {
-        milliseconds -= 1000;
-        ++seconds;
-    }
-    return {Timeb.time + seconds, milliseconds};
-}
-
 }  // namespace
 
 void Get_Real_Ticks(std::uint32_t ticks) {
-    const TimeText time = time_of(ticks);
+    const TimeText time(moment_of(ticks));
     if (First_Msg == 0) {
         text("TRACE START TIME (MM/DD/YYYY) : ");
         text(time.view());

@@ -1,7 +1,6 @@
 #include "q931/codeset.h"
 
-#include "report/lines.h"
-#include "report/state.h"
+#include "q931/element_lines.h"
 
 namespace {
 

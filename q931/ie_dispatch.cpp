@@ -1,10 +1,8 @@
 #include "q931/ie_dispatch.h"
 
-#include "driver/trace_reader.h"
 #include "q931/codeset.h"
+#include "q931/element_lines.h"
 #include "q931/elements/elements.h"
-#include "report/lines.h"
-#include "report/state.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "q931/layer3.h"
 
-#include "driver/trace_reader.h"
+#include "driver/trace/trace_reader.h"
 #include "q931/codeset.h"
 #include "q931/ie_dispatch.h"
 #include "report/lines.h"

@@ -6,15 +6,12 @@
 #include <cstring>
 #include <string_view>
 
-#include "driver/trace_reader.h"
 #include "report/state.h"
 
 // Every way to write into the report. All lines of a transmitted frame begin with the transmit indent; a word says
 // whether it writes it. Columns below count from the end of the indent:
 //
 //   0    6        15
-//     1:           CALL STATE(0x14)        title()
-//     2:           IE Length(0x01)         length_line()
 //     3:  1------- Extension Bit           a literal: octet tag, pattern, label
 //         -00----- Coding Standard         field()
 //
@@ -39,13 +36,6 @@
 [[gnu::always_inline]] inline void line(std::string_view literal) {
     output(flag);
     text(literal);
-}
-
-// Reads the next octet into `value`, then begins its line. The indent is written before any test on the octet; where
-// no text of its own follows, it stays on the line and the next text continues it.
-inline void octet() {
-    input();
-    output(flag);
 }
 
 namespace detail {
@@ -144,28 +134,9 @@ inline void character(std::int32_t octet) { *ofp.room(1) = static_cast<char>(oct
     text(")\n");
 }
 
-// Title line of an element, with the identifier in `value`: "  1:           CAUSE(0x08)\n". The dispatch has written
-// its indent.
-[[gnu::always_inline]] inline void title(std::string_view name) {
-    text("  1:           ");
-    named_octet(name);
-}
-
-// Reads the length octet into `ielength` and writes its line.
-void length_line();
-
 // Continues the line with an octet in hexadecimal between two texts: "  3:     0x40  Signal Value\n".
 [[gnu::always_inline]] inline void value_text(std::string_view before, std::int32_t octet, std::string_view after) {
     text(before);
     hex(octet);
     text(after);
 }
-
-// Reads all octets left in the element (none when `ielength` is 0 or below), each a value line with the bits of mask.
-void value_lines(std::string_view before, std::int32_t mask, std::string_view after);
-
-// The same with the octet's number as the tag, counted from first: "  5:      0x41 User Data\n".
-void numbered_lines(std::int32_t first, std::string_view label);
-
-// Reads all octets left in the element into one line, six spaces in front, as they are, and the label behind them.
-void character_line(std::string_view label);

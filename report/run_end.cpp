@@ -3,11 +3,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "driver/trace_stream.h"
 #include "report/state.h"
 
 void end_run(int status) {
-    ifp.close();
     if (!ofp.close()) {
         std::printf("Failed writing file %s\n", ofp.name());
         status = 1;

@@ -1,5 +1,6 @@
 #pragma once
 
-// Ends the run, the only way out once a stream is open: closes the trace, writes out and closes the report, and exits
-// with the status. A report that could not be written whole is said on the terminal and makes the status 1.
+// Ends the run, the only way out once the report is open: writes it out, closes it, and exits with the status. A
+// report that could not be written whole is said on the terminal and makes the status 1. A program that uses the trace
+// reader without the decoder brings its own.
 [[noreturn]] void end_run(int status);

@@ -1,25 +1,44 @@
 #include "report/state.h"
 
-#include "driver/trace_stream.h"
+OutputStream ofp;
+Variant swit;
+std::uint8_t BRItrace;
+std::int32_t Ticks_resolution;
+std::int32_t First_Msg;
+char cTimeStamp[100];
 
-TraceStream ifp;
-ReportStream ofp;
-Variant swit = NO_VARIANT;
-std::uint8_t BRItrace = 0;
-std::int32_t Ticks_resolution = 0;
-std::int32_t First_Msg = 0;
-char cTimeStamp[100] = "";
+std::int32_t flag;
+std::int32_t msglen;
+std::int32_t dsl;
+std::int32_t sapi;
+std::int32_t tei;
+std::int32_t bCRflag;
+std::int32_t debug_msg;
+std::int32_t time_stamp_msg;
 
-std::int32_t flag = 0;
-std::int32_t msglen = 0;
-std::int32_t dsl = 0;
-std::int32_t sapi = 0;
-std::int32_t tei = 0;
-std::int32_t bCRflag = 0;
-std::int32_t debug_msg = 0;
-std::int32_t time_stamp_msg = 0;
+std::int32_t value;
+std::int32_t prtcol_discr;
+std::int32_t Lock_shift;
+std::int32_t ielength;
 
-std::int32_t value = 0;
-std::int32_t prtcol_discr = 0;
-std::int32_t Lock_shift = 0;
-std::int32_t ielength = 0;
+void reset_state() {
+    swit = NO_VARIANT;
+    BRItrace = 0;
+    Ticks_resolution = 0;
+    First_Msg = 0;
+    cTimeStamp[0] = '\0';
+
+    flag = 0;
+    msglen = 0;
+    dsl = 0;
+    sapi = 0;
+    tei = 0;
+    bCRflag = 0;
+    debug_msg = 0;
+    time_stamp_msg = 0;
+
+    value = 0;
+    prtcol_discr = 0;
+    Lock_shift = 0;
+    ielength = 0;
+}

@@ -2,13 +2,11 @@
 
 #include <cstdint>
 
-#include "report/report_stream.h"
-
-class TraceStream;
+#include "report/output_stream.h"
 
 // The state that all decoders share: one frame is decoded at a time, on one thread, and every decoder reads its
 // octets and writes its lines at once. The list is closed; a decoder that must remember something keeps a local.
-// Everything starts at zero.
+// reset_state() sets all of it.
 
 // Switch variants, numbered as the protocol code at the head of a trace (below 128 primary rate, from 128 basic rate).
 enum Variant : std::int32_t {
@@ -34,8 +32,7 @@ enum Variant : std::int32_t {
 
 // For a run -------------------------------------------------------------------------------------------------------
 
-extern TraceStream ifp;                // the trace, or the hex text made from a binary one; opened by the driver
-extern ReportStream ofp;               // the report; opened by the driver
+extern OutputStream ofp;               // the report; opened by the driver
 extern Variant swit;                   // switch variant; set once from the protocol code, then only read
 extern std::uint8_t BRItrace;          // 1 in a basic-rate trace: every record carries a line byte; set with swit
 extern std::int32_t Ticks_resolution;  // one tick lasts 5 times this in ms; set once, any 32-bit value
@@ -61,6 +58,9 @@ extern std::int32_t prtcol_discr;  // protocol discriminator of the message, 0..
 extern std::int32_t Lock_shift;    // 1 from a locking shift to codeset 6 to the end of the message
 extern std::int32_t ielength;      // length octet of the element, counted down by its decoder as far as it is tested,
                                    // below 0 when more octets were decoded than it announced
+
+// Sets every variable above but the report to zero, the state that a run starts in.
+void reset_state();
 
 // Whether the trace's switch variant is one of those given.
 template <typename... Variants>

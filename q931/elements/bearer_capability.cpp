@@ -1,6 +1,5 @@
+#include "q931/element_lines.h"
 #include "q931/elements/elements.h"
-#include "report/lines.h"
-#include "report/state.h"
 
 // Bearer capability (Q.931 section 4.5.5), identifier 0x04
 //   octet 3:   ext | coding standard 7..6 | information transfer capability 5..1

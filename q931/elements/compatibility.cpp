@@ -1,7 +1,5 @@
-#include "driver/trace_reader.h"
+#include "q931/element_lines.h"
 #include "q931/elements/elements.h"
-#include "report/lines.h"
-#include "report/state.h"
 
 namespace {
 

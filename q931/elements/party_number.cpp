@@ -1,6 +1,5 @@
+#include "q931/element_lines.h"
 #include "q931/elements/elements.h"
-#include "report/lines.h"
-#include "report/state.h"
 
 // Party numbers (Q.931 sections 4.5.8 and 4.5.10)
 //   octet 3:  ext | type of number 7..5 | numbering plan 4..1

@@ -1,6 +1,5 @@
+#include "q931/element_lines.h"
 #include "q931/elements/elements.h"
-#include "report/lines.h"
-#include "report/state.h"
 
 // Party subaddresses (Q.931 sections 4.5.9 and 4.5.11). The two elements do not share their lists of variants.
 //   octet 3: ext | type of subaddress 7..5 | odd/even indicator 4 | spare 3..1

@@ -1,7 +1,5 @@
-#include "driver/trace_reader.h"
+#include "q931/element_lines.h"
 #include "q931/elements/elements.h"
-#include "report/lines.h"
-#include "report/state.h"
 
 // Call identity (Q.931 section 4.5.6), identifiers 0x10 and 0x21
 void callidentity() {

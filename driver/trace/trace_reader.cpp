@@ -1,16 +1,14 @@
-#include "driver/trace_reader.h"
+#include "driver/trace/trace_reader.h"
 
 #include <array>
 
-#include "driver/trace_stream.h"
-#include "report/lines.h"
+#include "driver/trace/trace_stream.h"
 #include "report/run_end.h"
-#include "report/state.h"
 
 namespace {
 
-// The longest record, a basic-rate one, held whole from its marker, and the look-ahead byte behind it.
-constexpr std::int32_t RING_SIZE = 3 + 255 + 1;
+// The longest record, held whole from its marker, and the look-ahead byte behind it.
+constexpr std::int32_t RING_SIZE = LONGEST_RECORD + 1;
 
 // Bytes scanned from the text and not yet handed out. It never overflows: no more is read ahead than a record needs.
 struct RingBuffer {
@@ -75,9 +73,9 @@ bool findBlockStart() {
     constexpr std::int32_t LAST_COLUMN = 26;
     std::int32_t column = 0;
     bool skipped = false;
-    bool found = false;
     std::uint8_t byte = 0;
-    while (readHexNum(byte) && !(found = is_marker(byte))) {
+    bool more = readHexNum(byte);
+    for (; more && !is_marker(byte); more = readHexNum(byte)) {
         if (!skipped) {
             text("\nCORRUPT DATA ENCOUNTERED:\n");
             skipped = true;
@@ -94,7 +92,7 @@ bool findBlockStart() {
     if (skipped) {
         text("\n");
     }
-    return found;
+    return more;
 }
 
 // Reads ahead until the ring holds `need` bytes. False when the text ends first.
@@ -176,4 +174,20 @@ void inputData(std::int32_t& x) { x = fetchChar(); }
 void abort_run() {
     text("\n    ERROR ABORT ");
     end_run(1);
+}
+
+bool next_record(Record& record) {
+    if (ifp.eof()) {
+        return false;
+    }
+    inputData(record.marker);
+    record.line = 0;
+    if (BRItrace != 0) {
+        inputData(record.line);
+    }
+    inputData(record.length);
+    for (std::int32_t i = 0; i < record.length; ++i) {
+        record.data[static_cast<std::size_t>(i)] = fetchChar();
+    }
+    return true;
 }

@@ -1,11 +1,14 @@
-#include "driver/trace_stream.h"
+#include "driver/trace/trace_stream.h"
 
 #include <unistd.h>
 
 #include <cerrno>
 #include <limits>
+#include <utility>
 
-#include "driver/files.h"
+#include "report/file_access.h"
+
+TraceStream ifp;
 
 namespace {
 
@@ -44,6 +47,13 @@ bool TraceStream::open(const char* name) {
     return descriptor_ >= 0;
 }
 
+void TraceStream::open(std::span<const std::uint8_t> memory) {
+    close();
+    eof_ = false;
+    next_ = memory.data();
+    limit_ = next_ + memory.size();
+}
+
 // It moves the file. NOLINTNEXTLINE(readability-make-member-function-const)
 bool TraceStream::seek(long offset) { return ::lseek(descriptor_, offset, SEEK_SET) == offset; }
 
@@ -54,22 +64,26 @@ void TraceStream::close() {
     }
 }
 
-// Fills the buffer and takes its first byte. The end of the file is met once: it is not asked for again.
-int TraceStream::refill() {
+// Fills the buffer anew. The end of the file is met once: it is not asked for again.
+bool TraceStream::fill() {
     ssize_t count = -1;
     while (!eof_ && count < 0) {
-        count = ::read(descriptor_, buffer_.data(), buffer_.size());
+        count = descriptor_ < 0 ? 0 : ::read(descriptor_, buffer_.data(), buffer_.size());
         if (count < 0 && errno != EINTR) {
-            return END;
+            return false;
         }
         eof_ = count == 0;
     }
-    if (eof_) {
-        return END;
-    }
     next_ = buffer_.data();
-    limit_ = next_ + count;
-    return *next_++;
+    limit_ = eof_ ? next_ : next_ + count;
+    return !eof_;
+}
+
+std::span<const std::uint8_t> TraceStream::block() {
+    if (next_ == limit_ && !fill()) {
+        return {};
+    }
+    return {std::exchange(next_, limit_), limit_};
 }
 
 int TraceStream::skip_space() {

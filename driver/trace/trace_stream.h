@@ -3,11 +3,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 // A trace file read forward through one fixed buffer: as hexadecimal text by scan(), or as raw bytes by byte().
 class TraceStream {
  public:
     TraceStream() = default;
+    ~TraceStream() { close(); }
     TraceStream(const TraceStream&) = delete;
     TraceStream& operator=(const TraceStream&) = delete;
 
@@ -17,6 +19,9 @@ class TraceStream {
     // Opens a file at its first byte, never waiting for one; closes the one that was open. False when it cannot be
     // opened or is a folder.
     [[nodiscard]] bool open(const char* name);
+
+    // Reads from memory instead, which must outlive the reading.
+    void open(std::span<const std::uint8_t> memory);
 
     // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe, a device).
     [[nodiscard]] bool seek(long offset);
@@ -29,6 +34,10 @@ class TraceStream {
     // The next byte, 0..255, or END; a read error counts as the end.
     int byte() { return next_ != limit_ ? *next_++ : refill(); }
 
+    // All bytes that the buffer holds, after filling it when it is empty; none at the end. They stand until the next
+    // read.
+    [[nodiscard]] std::span<const std::uint8_t> block();
+
     // Whether a read has met the end of the file; reaching the last byte alone does not set it.
     [[nodiscard]] bool eof() const { return eof_; }
 
@@ -37,7 +46,8 @@ class TraceStream {
 
  private:
     bool scan_two_digits(std::uint32_t& number);
-    int refill();
+    bool fill();
+    int refill() { return fill() ? *next_++ : END; }
     int skip_space();
     bool scan_digits(int& character, bool negative, std::uint64_t& number);
     void skip_word(int character);
@@ -49,3 +59,6 @@ class TraceStream {
     const std::uint8_t* limit_ = nullptr;
     std::array<std::uint8_t, 65536> buffer_;
 };
+
+// The trace, or the hex text made from a binary one; opened by the driver.
+extern TraceStream ifp;

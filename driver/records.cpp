@@ -1,9 +1,9 @@
-#include "driver/trace_records.h"
+#include "driver/records.h"
 
 #include <cstdint>
 
 #include "driver/time_stamp.h"
-#include "driver/trace_reader.h"
+#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
 

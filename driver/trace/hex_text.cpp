@@ -1,0 +1,43 @@
+#include "driver/trace/hex_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "report/lines.h"
+
+namespace {
+
+constexpr std::size_t LINE_OCTETS = 26;
+
+}  // namespace
+
+char* hex_text(std::span<const std::uint8_t> octets, std::uint64_t position, char* text) {
+    for (const std::uint8_t octet : octets) {
+        if (position != 0) {
+            *text++ = ' ';
+        }
+        std::memcpy(text, hex_pair(octet), 2);
+        text += 2;
+        if (position != 0 && position % LINE_OCTETS == 0) {
+            *text++ = '\n';
+        }
+        ++position;
+    }
+    return text;
+}
+
+void write_hex_text(TraceStream& binary, OutputStream& text) {
+    std::uint64_t position = 0;
+    for (auto block = binary.block(); !block.empty() && !text.lost(); block = binary.block()) {
+        while (!block.empty()) {
+            const auto octets = block.first(std::min(block.size(), LINE_OCTETS));
+            std::array<char, 4 * LINE_OCTETS> piece;
+            const char* const end = hex_text(octets, position, piece.data());
+            const auto size = static_cast<std::size_t>(end - piece.data());
+            std::memcpy(text.room(size), piece.data(), size);
+            position += octets.size();
+            block = block.subspan(octets.size());
+        }
+    }
+}

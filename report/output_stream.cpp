@@ -1,0 +1,35 @@
+#include "report/output_stream.h"
+
+#include <unistd.h>
+
+#include <cstring>
+
+#include "report/file_access.h"
+
+void OutputStream::attach(int descriptor, const char* name) {
+    descriptor_ = descriptor;
+    name_ = name;
+    lost_ = false;
+    fill_ = 0;
+}
+
+// Writes the first `size` bytes out and moves the rest to the front.
+void OutputStream::write_out(std::size_t size) {
+    if (descriptor_ >= 0 && !lost_) {
+        lost_ = !write_all(descriptor_, buffer_.data(), size);
+    }
+    fill_ -= size;
+    std::memmove(buffer_.data(), buffer_.data() + size, fill_);
+}
+
+bool OutputStream::flush() {
+    write_out(fill_);
+    return !lost_;
+}
+
+bool OutputStream::close() {
+    const bool written = flush();
+    const bool closed = descriptor_ < 0 || ::close(descriptor_) == 0;
+    descriptor_ = -1;
+    return written && closed;
+}
