@@ -20,24 +20,6 @@
 // A literal is written as it stands, blanks and line end included, so that a report line is found by grep; of a title
 // or a message grep the name without its "(0x..)", of a numbered line the label.
 
-// Continues the line with a text.
-[[gnu::always_inline]] inline void text(std::string_view literal) {
-    std::memcpy(ofp.room(literal.size()), literal.data(), literal.size());
-}
-
-// Begins a line: the transmit indent, 39 spaces, when direction is 0 (callers pass `flag`); nothing otherwise.
-[[gnu::always_inline]] inline void output(std::int32_t direction) {
-    if (direction == 0) {
-        text("                                       ");
-    }
-}
-
-// A whole literal line, or the first piece of one: indent and text.
-[[gnu::always_inline]] inline void line(std::string_view literal) {
-    output(flag);
-    text(literal);
-}
-
 namespace detail {
 
 using Pattern = std::array<char, 8>;
@@ -81,24 +63,56 @@ inline constexpr auto HEX_PAIRS = [] {
     return pairs;
 }();
 
+// Put something at a place in the report's buffer and give the place behind it.
+[[gnu::always_inline]] inline char* put(char* at, std::string_view piece) {
+    std::memcpy(at, piece.data(), piece.size());
+    return at + piece.size();
+}
+
+[[gnu::always_inline]] inline char* put_indent(char* at, std::int32_t direction) {
+    return direction == 0 ? put(at, "                                       ") : at;
+}
+
+[[gnu::always_inline]] inline char* put_hex(char* at, std::int32_t octet) {
+    std::memcpy(at, HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data(), 2);
+    return at + 2;
+}
+
+// Six spaces and the bits of positions hi..lo.
+[[gnu::always_inline]] inline char* put_bits(char* at, std::int32_t bits, unsigned hi, unsigned lo) {
+    const std::uint64_t inside = FIELD_MASKS[hi][lo];
+    const std::uint64_t pattern =
+        (OCTET_PATTERNS[static_cast<std::uint32_t>(bits) & 0xFFU] & inside) | (DASHES & ~inside);
+    at = put(at, "      ");
+    std::memcpy(at, &pattern, sizeof pattern);
+    return at + sizeof pattern;
+}
+
 }  // namespace detail
+
+// Continues the line with a text.
+[[gnu::always_inline]] inline void text(std::string_view literal) { ofp.filled(detail::put(ofp.room(), literal)); }
+
+// Begins a line: the transmit indent, 39 spaces, when direction is 0 (callers pass `flag`); nothing otherwise.
+[[gnu::always_inline]] inline void output(std::int32_t direction) {
+    ofp.filled(detail::put_indent(ofp.room(), direction));
+}
+
+// A whole literal line, or the first piece of one: indent and text.
+[[gnu::always_inline]] inline void line(std::string_view literal) {
+    ofp.filled(detail::put(detail::put_indent(ofp.room(), flag), literal));
+}
 
 // Indent, six spaces and the bit pattern: the bits of positions hi..lo (8 >= hi >= lo >= 1) as '1' and '0', '-' for
 // every other position. The caller continues with a space, the label and a line end.
 inline void bitwise(std::int32_t bit_field, unsigned hi, unsigned lo) {
-    output(flag);
-    const std::uint64_t inside = detail::FIELD_MASKS[hi][lo];
-    const std::uint64_t bits = detail::OCTET_PATTERNS[static_cast<std::uint32_t>(bit_field) & 0xFFU];
-    const std::uint64_t pattern = (bits & inside) | (detail::DASHES & ~inside);
-    char* piece = ofp.room(14);
-    std::memcpy(piece, "      ", 6);
-    std::memcpy(piece + 6, &pattern, sizeof pattern);
+    ofp.filled(detail::put_bits(detail::put_indent(ofp.room(), flag), bit_field, hi, lo));
 }
 
 // A field of the octet in `value`: its bits hi..lo as a pattern line with a label (" Coding Standard\n").
 [[gnu::always_inline]] inline void field(unsigned hi, unsigned lo, std::string_view label) {
-    bitwise(value, hi, lo);
-    text(label);
+    char* const at = detail::put_bits(detail::put_indent(ofp.room(), flag), value, hi, lo);
+    ofp.filled(detail::put(at, label));
 }
 
 // Continues the line with one of two texts, by the extension bit (bit 8) of the octet in `value`.
@@ -115,7 +129,7 @@ inline const char* hex_pair(std::int32_t octet) {
 }
 
 // Continues the line with an octet as two lower-case hexadecimal digits.
-inline void hex(std::int32_t octet) { std::memcpy(ofp.room(2), hex_pair(octet), 2); }
+inline void hex(std::int32_t octet) { ofp.filled(detail::put_hex(ofp.room(), octet)); }
 
 // Continues the line with an octet as two upper-case hexadecimal digits (corrupt data and debug records).
 void upper_hex(std::int32_t octet);
@@ -124,19 +138,19 @@ void upper_hex(std::int32_t octet);
 void decimal(std::int32_t number);
 
 // Continues the line with one byte as it is, printable or not.
-inline void character(std::int32_t octet) { *ofp.room(1) = static_cast<char>(octet); }
-
-// Continues the line with a name and the octet in `value`: "SETUP(0x05)\n".
-[[gnu::always_inline]] inline void named_octet(std::string_view name) {
-    text(name);
-    text("(0x");
-    hex(value);
-    text(")\n");
+inline void character(std::int32_t octet) {
+    char* const at = ofp.room();
+    *at = static_cast<char>(octet);
+    ofp.filled(at + 1);
 }
 
 // Continues the line with an octet in hexadecimal between two texts: "  3:     0x40  Signal Value\n".
 [[gnu::always_inline]] inline void value_text(std::string_view before, std::int32_t octet, std::string_view after) {
-    text(before);
-    hex(octet);
-    text(after);
+    ofp.filled(detail::put(detail::put_hex(detail::put(ofp.room(), before), octet), after));
+}
+
+// Continues the line with a name and the octet in `value`: "SETUP(0x05)\n".
+[[gnu::always_inline]] inline void named_octet(std::string_view name) {
+    char* const at = detail::put(detail::put(ofp.room(), name), "(0x");
+    ofp.filled(detail::put(detail::put_hex(at, value), ")\n"));
 }

@@ -10,7 +10,7 @@ void OutputStream::attach(int descriptor, const char* name) {
     descriptor_ = descriptor;
     name_ = name;
     lost_ = false;
-    fill_ = 0;
+    next_ = buffer_.data();
 }
 
 // Writes the first `size` bytes out and moves the rest to the front.
@@ -18,12 +18,12 @@ void OutputStream::write_out(std::size_t size) {
     if (descriptor_ >= 0 && !lost_) {
         lost_ = !write_all(descriptor_, buffer_.data(), size);
     }
-    fill_ -= size;
-    std::memmove(buffer_.data(), buffer_.data() + size, fill_);
+    next_ -= size;
+    std::memmove(buffer_.data(), buffer_.data() + size, static_cast<std::size_t>(next_ - buffer_.data()));
 }
 
 bool OutputStream::flush() {
-    write_out(fill_);
+    write_out(static_cast<std::size_t>(next_ - buffer_.data()));
     return !lost_;
 }
 

@@ -1,7 +1,6 @@
 #include "driver/trace/hex_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 #include "report/lines.h"
@@ -32,10 +31,7 @@ void write_hex_text(TraceStream& binary, OutputStream& text) {
     for (auto block = binary.block(); !block.empty() && !text.lost(); block = binary.block()) {
         while (!block.empty()) {
             const auto octets = block.first(std::min(block.size(), LINE_OCTETS));
-            std::array<char, 4 * LINE_OCTETS> piece;
-            const char* const end = hex_text(octets, position, piece.data());
-            const auto size = static_cast<std::size_t>(end - piece.data());
-            std::memcpy(text.room(size), piece.data(), size);
+            text.filled(hex_text(octets, position, text.room()));
             position += octets.size();
             block = block.subspan(octets.size());
         }
