@@ -1,5 +1,6 @@
 #include "driver/trace/trace_reader.h"
 
+#include <algorithm>
 #include <array>
 
 #include "driver/trace/trace_stream.h"
@@ -26,12 +27,6 @@ std::int32_t nextRingPtr(std::int32_t position) { return position == RING_SIZE -
 
 std::int32_t prevRingPtr(std::int32_t position) { return position == 0 ? RING_SIZE - 1 : position - 1; }
 
-void putRingBuff(std::uint8_t byte) {
-    DataBuffer.Data[static_cast<std::size_t>(DataBuffer.WritePtr)] = byte;
-    DataBuffer.WritePtr = nextRingPtr(DataBuffer.WritePtr);
-    ++DataBuffer.Count;
-}
-
 std::uint8_t getRingBuff() {
     const std::uint8_t byte = DataBuffer.Data[static_cast<std::size_t>(DataBuffer.ReadPtr)];
     DataBuffer.ReadPtr = nextRingPtr(DataBuffer.ReadPtr);
@@ -45,19 +40,34 @@ void ungetRingBuff() {
     ++DataBuffer.Count;
 }
 
-// Scans one number of the text into the ring; of a number only the low 8 bits count. False at the end of the text.
-bool scan_ahead() {
-    std::uint32_t number = 0;
-    if (!ifp.scan(number)) {
-        return false;
+// Notes bytes that were stored from `WritePtr` on, not beyond the last slot.
+void putRingBuff(std::size_t count) {
+    const auto bytes = static_cast<std::int32_t>(count);
+    DataBuffer.WritePtr = DataBuffer.WritePtr + bytes == RING_SIZE ? 0 : DataBuffer.WritePtr + bytes;
+    DataBuffer.Count += bytes;
+}
+
+// Scans at least one number of the text into the ring and at the most `most`; of a number only the low 8 bits count.
+// False at the end of the text.
+bool scan_ahead(std::int32_t most) {
+    const auto slots = static_cast<std::size_t>(std::min(most, RING_SIZE - DataBuffer.WritePtr));
+    std::uint8_t* const slot = DataBuffer.Data.data() + DataBuffer.WritePtr;
+    std::size_t count = ifp.scan_pairs({slot, slots});
+    if (count == 0) {
+        std::uint32_t number = 0;
+        if (!ifp.scan(number)) {
+            return false;
+        }
+        *slot = static_cast<std::uint8_t>(number);
+        count = 1;
     }
-    putRingBuff(static_cast<std::uint8_t>(number));
+    putRingBuff(count);
     return true;
 }
 
 // The next byte, from the ring if it holds one, else from the text.
 bool readHexNum(std::uint8_t& byte) {
-    if (DataBuffer.Count == 0 && !scan_ahead()) {
+    if (DataBuffer.Count == 0 && !scan_ahead(1)) {
         return false;
     }
     byte = getRingBuff();
@@ -98,7 +108,7 @@ bool findBlockStart() {
 // Reads ahead until the ring holds `need` bytes. False when the text ends first.
 bool read_ahead(std::int32_t need) {
     while (DataBuffer.Count < need) {
-        if (!scan_ahead()) {
+        if (!scan_ahead(need - DataBuffer.Count)) {
             return false;
         }
     }

@@ -107,19 +107,18 @@ void TraceStream::put_back(int character) {
     }
 }
 
-// The number that traces are made of: a white space, two digits, and a white space behind them, all in the buffer.
-bool TraceStream::scan_two_digits(std::uint32_t& number) {
-    if (limit_ - next_ < 4 || CLASSES[next_[0]] != SPACE || CLASSES[next_[3]] != SPACE) {
-        return false;
+std::size_t TraceStream::scan_pairs(std::span<std::uint8_t> bytes) {
+    std::size_t count = 0;
+    for (; count < bytes.size() && limit_ - next_ >= 4; ++count) {
+        const std::uint32_t high = CLASSES[next_[1]];
+        const std::uint32_t low = CLASSES[next_[2]];
+        if (CLASSES[next_[0]] != SPACE || CLASSES[next_[3]] != SPACE || (high | low) >= SPACE) {
+            break;
+        }
+        bytes[count] = static_cast<std::uint8_t>(high << 4U | low);
+        next_ += 3;
     }
-    const std::uint32_t high = CLASSES[next_[1]];
-    const std::uint32_t low = CLASSES[next_[2]];
-    if (high >= SPACE || low >= SPACE) {
-        return false;
-    }
-    number = high << 4U | low;
-    next_ += 3;
-    return true;
+    return count;
 }
 
 // Takes the digits from the given character on, and "0x" in front of them, which alone is 0. A number of more than 64
@@ -150,9 +149,6 @@ bool TraceStream::scan_digits(int& character, bool negative, std::uint64_t& numb
 }
 
 bool TraceStream::scan(std::uint32_t& number) {
-    if (scan_two_digits(number)) {
-        return true;
-    }
     for (;;) {
         int character = skip_space();
         if (character == END) {

@@ -31,6 +31,10 @@ class TraceStream {
     // to the next white space. False when there is no further number.
     [[nodiscard]] bool scan(std::uint32_t& number);
 
+    // Scans as many of the next numbers into `bytes` as are what traces are made of (a white space, two digits, a white
+    // space behind them) and wholly in the buffer. Gives how many, 0 when the next one is for scan().
+    std::size_t scan_pairs(std::span<std::uint8_t> bytes);
+
     // The next byte, 0..255, or END; a read error counts as the end.
     int byte() { return next_ != limit_ ? *next_++ : refill(); }
 
@@ -45,7 +49,6 @@ class TraceStream {
     void close();
 
  private:
-    bool scan_two_digits(std::uint32_t& number);
     bool fill();
     int refill() { return fill() ? *next_++ : END; }
     int skip_space();
