@@ -36,7 +36,7 @@ class OutputStream {
     [[nodiscard]] const char* name() const { return name_; }
 
  private:
-    static constexpr std::size_t BLOCK_SIZE = 1048576;
+    static constexpr std::size_t BLOCK_SIZE = 262144;
 
     void write_out(std::size_t size);
 
