@@ -1,4 +1,4 @@
-// All DASS2 and DPNSS message types and field codes, against the tables in tests/cases/dpnss_messages.txt.
+// All DASS2 and DPNSS message types and field codes, against the tables in tests/dpnss_messages.txt.
 #include <array>
 #include <map>
 #include <regex>
@@ -13,7 +13,7 @@ using Row = std::vector<std::string>;
 // The rows of the tables, each without its first cell, by that cell.
 std::map<std::string, Row> tables() {
     std::map<std::string, Row> rows;
-    std::ifstream file(CASES "/dpnss_messages.txt");
+    std::ifstream file(TESTS "/dpnss_messages.txt");
     for (std::string line; std::getline(file, line);) {
         std::istringstream cells(line);
         std::string first;
