@@ -1,4 +1,4 @@
-// All DASS2 and DPNSS message types and field codes, against the tables in tests/cases/dpnss_messages.txt.
+// All DASS2 and DPNSS message types and field codes, against the tables in tests/dpnss_messages.txt.
 #include <array>
 #include <map>
 #include <regex>
@@ -10,14 +10,17 @@ namespace {
 
 using Row = std::vector<std::string>;
 
-// The rows of the tables, each without its first cell, by that cell.
+// The rows of the tables, each without its first cell, by that cell. A line that is no row, or a second one of a
+// message, is an error.
 std::map<std::string, Row> tables() {
+    static const std::regex known("#.*|[0-9a-f]{2}([|][^|]+){3}|(CAUSE|MAINT|UDC)([|][^|]+)+");
     std::map<std::string, Row> rows;
-    std::ifstream file(CASES "/dpnss_messages.txt");
+    std::ifstream file(TESTS "/dpnss_messages.txt");
     for (std::string line; std::getline(file, line);) {
         std::istringstream cells(line);
         std::string first;
         std::getline(cells, first, '|');
+        EXPECT_TRUE(std::regex_match(line, known) && (first.size() != 2 || !rows.contains(first))) << line;
         for (std::string cell; std::getline(cells, cell, '|');) {
             rows[first].push_back(cell);
         }

@@ -134,7 +134,7 @@ TEST(TimeStamps, AreLocalTimeCountedFromTheFirst) {
     // 31 December 2003, 23:59:58.600; 10 ms a tick, 140 ticks over the end of the counter.
     EXPECT_EQ(timed("FE 62 F3 3F 58 02", "2", {"F0 FF FF FF", "7C 0 0 0"}),
               report("12/31/2003, 23:59:58.600", "1/1/2004, 0:0:0.0"));
-    EXPECT_EQ(timed("0 0 0 0 FA 0", "2", {"F0 FF FF FF"}), report("1/1/1970, 0:0:0.250", ""));
+    EXPECT_EQ(timed("0 0 0 0 E7 3", "2", {"F0 FF FF FF"}), report("1/1/1970, 0:0:0.999", ""));
     // Thirty days of 10 ms ticks; the most ticks of the longest duration.
     EXPECT_EQ(timed("0 0 0 0 5 0", "2", {"0 0 0 0", "0 14 73 0F"}), report("1/1/1970, 0:0:0.5", "1/31/1970, 0:0:0.5"));
     EXPECT_NE(timed("0 0 0 0 0 0", "7FFFFFFF", {"0 0 0 0", "FF FF FF FF"}).find("Time Stamp : "), std::string::npos);
