@@ -1,14 +1,15 @@
 #include "driver/files.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstdio>
 #include <string>
 
 #include "driver/command_line.h"
 #include "driver/trace/clock.h"
+#include "driver/trace/format.h"
 #include "driver/trace/trace_stream.h"
 #include "report/file_access.h"
 #include "report/run_end.h"
@@ -16,15 +17,25 @@
 
 namespace {
 
+// The report, once it is created: a descriptor, or why there is none.
+int report = -1;
+
 [[noreturn]] void fail_opening(const char* name) {
     std::printf("Failed opening file %s\n", name);
     end_run(1);
 }
 
+bool is_folder(const char* name) {
+    struct stat status {};
+    return ::stat(name, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 void open_report() {
     const char* name = Parameter.Destination->c_str();
-    const int descriptor = open_for_writing(name);
-    if (descriptor < 0 || is_file(descriptor, Parameter.Source) || !empty_file(descriptor)) {
+    if (report == -1) {
+        report = create_output(name, ifp.descriptor());
+    }
+    if (report < 0) {
         std::printf("ERROR:Fail to open %s file.\n", name);
         std::fputs(
             "Info:The destination file may exist on your system and ready only\n"
@@ -33,41 +44,48 @@ void open_report() {
             stdout);
         end_run(1);
     }
-    ofp.attach(descriptor, name);
+    ofp.attach(report, name);
 }
 
 }  // namespace
 
+void open_closed_streams() {
+    for (int descriptor = 0; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (::fcntl(descriptor, F_GETFD) < 0) {
+            ::open("/dev/null", O_RDWR);  // takes the lowest free number, this one
+        }
+    }
+}
+
+void open_trace() { static_cast<void>(ifp.open(Parameter.Source)); }
+
 void default_destination() {
     Parameter.Destination = std::string(Parameter.Source) + ".res";
     const char* name = Parameter.Destination->c_str();
-    const int descriptor = open_for_writing(name);
-    if (descriptor < 0 || !(is_file(descriptor, Parameter.Source) || empty_file(descriptor))) {
+    report = create_output(name, ifp.descriptor());
+    if (report == -1) {
         fail_opening(name);
     }
-    ::close(descriptor);
 }
 
 void read_trace_header() {
-    const int descriptor = ::open(Parameter.Source, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0) {
+    if (ifp.descriptor() >= 0) {
+        if (!read_header(ifp.descriptor())) {
+            std::printf("Failed reading file %s\n", Parameter.Source);
+            end_run(1);
+        }
+    } else if (!is_folder(Parameter.Source) && !is_fifo(Parameter.Source)) {
         std::printf("Failed opening File %s \n", Parameter.Source);
-        return;
     }
-    std::array<std::uint8_t, TRACE_HEADER_SIZE> header{};
-    // At an offset, so that nothing is taken out of a pipe, which the run will refuse.
-    if (::pread(descriptor, header.data(), header.size(), 0) > 0) {
-        Timeb = trace_header(header);
-    }
-    ::close(descriptor);
 }
 
 void open_files(const char* when_seek_fails) {
-    if (!ifp.open(Parameter.Source)) {
+    const bool fifo = ifp.descriptor() < 0 && is_fifo(Parameter.Source);
+    if (ifp.descriptor() < 0 && !fifo) {
         fail_opening(Parameter.Source);
     }
     open_report();
-    if (!ifp.seek(TRACE_HEADER_SIZE)) {
+    if (fifo || !ifp.seek(TRACE_HEADER_SIZE)) {
         std::fputs(when_seek_fails, stdout);
         end_run(1);
     }

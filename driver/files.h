@@ -3,12 +3,18 @@
 // The files that the command line names. Each function ends the run with its message and status 1 when a file cannot
 // be used.
 
-// Forms the report's default name, and creates the file at once, empty unless it is the trace itself.
+// Opens /dev/null on those of descriptors 0 to 2 that are closed, so that no file of the run takes the place of the
+// terminal. To be called before anything else is opened.
+void open_closed_streams();
+
+// Opens the trace, if that can be; open_files() tells when it is not.
+void open_trace();
+
+// Forms the report's default name, and creates the file at once; it stays as it was when it is the trace itself.
 void default_destination();
 
-// Reads the trace header into `Timeb`. A trace that cannot be opened is said on the terminal, and the run goes on;
-// bytes that the file does not have are zero.
+// Reads the trace header into `Timeb`. A trace that could not be opened is said on the terminal, and the run goes on.
 void read_trace_header();
 
-// Opens the trace and the report, and goes to the body of the trace.
+// Makes sure of the trace, opens the report, and goes to the body of the trace.
 void open_files(const char* when_seek_fails);

@@ -21,8 +21,7 @@ void open_hex_trace() {
 
 void open_binary_trace() {
     open_files("Seek Failed 999\n");
-    Convert2Hex();
-    if (!ifp.open("pritemp.log")) {
+    if (!ifp.open(Convert2Hex(), "pritemp.log")) {
         std::fputs("Failed opening pritemp.log\n", stdout);
         end_run(1);
     }
@@ -43,10 +42,12 @@ void show_protocol(const Protocol& protocol) {
 }
 
 void start_run(int argc, char** argv) {
+    open_closed_streams();
     ignore_write_signals();
     reset_state();
     reset_reader();
     read_command_line(argc, argv);
+    open_trace();
     if (!Parameter.Destination) {
         default_destination();
     }

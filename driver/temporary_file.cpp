@@ -1,47 +1,45 @@
 #include "driver/temporary_file.h"
 
-#include <sys/file.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
 
-#include "driver/command_line.h"
 #include "driver/trace/hex_text.h"
 #include "driver/trace/trace_stream.h"
 #include "report/file_access.h"
 #include "report/output_stream.h"
 #include "report/run_end.h"
+#include "report/state.h"
 
 namespace {
 
-// Stays open, and with it locked, until the process ends: until then this run reads what it wrote.
+constexpr const char* NAME = "pritemp.log";
+
 OutputStream ffptemp;
 
-// Waits until no other run in this folder has the file locked. On a file system without locks the run goes on.
-void wait_for_turn(int descriptor) {
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
-        return;
-    }
-    std::fputs("Waiting for another run to finish with pritemp.log\n", stderr);
-    while (::flock(descriptor, LOCK_EX) != 0 && errno == EINTR) {
-    }
+// Opens it for writing and for reading back; where it may only be written, the reading will tell.
+int open_temporary_file() {
+    const int descriptor = open_for_writing(NAME, O_RDWR | O_NOFOLLOW, ifp.descriptor());
+    return descriptor >= 0 || errno != EACCES ? descriptor
+                                              : open_for_writing(NAME, O_WRONLY | O_NOFOLLOW, ifp.descriptor());
 }
 
+// In a folder that others write to it could be a link to any file, which must not be lost.
 bool may_be_overwritten(int descriptor) {
-    return is_regular_file(descriptor) && !is_file(descriptor, Parameter.Source) &&
-           !is_file(descriptor, Parameter.Destination->c_str());
+    return has_one_name(descriptor) && !same_file(descriptor, ifp.descriptor()) &&
+           !same_file(descriptor, ofp.descriptor());
 }
 
 // The temporary file, locked and empty; -1 when there can be none.
 int create_temporary_file() {
     for (;;) {
-        const int descriptor = open_for_writing("pritemp.log");
+        const int descriptor = open_temporary_file();
         if (descriptor < 0 || !may_be_overwritten(descriptor)) {
             return -1;
         }
-        wait_for_turn(descriptor);
-        if (is_file(descriptor, "pritemp.log")) {
+        if (lock_file(descriptor, NAME)) {
             return empty_file(descriptor) ? descriptor : -1;
         }
         ::close(descriptor);  // it was removed while this run waited
@@ -50,7 +48,7 @@ int create_temporary_file() {
 
 }  // namespace
 
-void Convert2Hex() {
+int Convert2Hex() {
     const int descriptor = create_temporary_file();
     if (descriptor < 0) {
         std::fputs(
@@ -59,11 +57,12 @@ void Convert2Hex() {
             stdout);
         end_run(1);
     }
-    ffptemp.attach(descriptor, "pritemp.log");
+    ffptemp.attach(descriptor, NAME);
     write_hex_text(ifp, ffptemp);
     if (!ffptemp.flush()) {
         std::fputs("Failed writing file pritemp.log\n", stdout);
         end_run(1);
     }
     ifp.close();
+    return descriptor;
 }

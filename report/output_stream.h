@@ -33,6 +33,9 @@ class OutputStream {
     // Whether a write has failed.
     [[nodiscard]] bool lost() const { return lost_; }
 
+    // The attached descriptor; below 0 when there is none.
+    [[nodiscard]] int descriptor() const { return descriptor_; }
+
     [[nodiscard]] const char* name() const { return name_; }
 
  private:

@@ -26,6 +26,24 @@ inline std::string bytes_of(const std::string& hex) {
     return bytes;
 }
 
+// What the program says on the terminal at its start.
+inline const std::string BANNER =
+    "\nVelmarix ISDN Trace Utility\nOffline decoder of ISDN D-channel traces\nVersion 1.00-Alpha-0.10\n";
+
+// A report's first line, a frame in it, and the frame's record.
+inline const std::string PRI = "PROTOCOL TYPE                 : PRI 4ESS/5ESS\n";
+inline const std::string FRAME = "RECEIVE\nCommand=1   SAPI=0x00\nTEI=0x00\n    0x63  Unnumbered Acknowledgment\n\n";
+inline const std::string RECORD = "52 03 02 01 63 ";
+
+// That record, many times, as a binary trace.
+inline std::string frames(unsigned count) {
+    std::string trace = ZERO_HEADER + "\2\2";
+    for (; count > 0; --count) {
+        trace += bytes_of(RECORD);
+    }
+    return trace;
+}
+
 // A file's whole contents; an empty text when it is missing.
 inline std::string contents(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
@@ -43,6 +61,7 @@ class Folder {
     void write(const std::string& name, const std::string& bytes) const {
         std::ofstream(root_ / name, std::ios::binary) << bytes;
     }
+    [[nodiscard]] const std::filesystem::path& path() const { return root_; }
     [[nodiscard]] std::string read(const std::string& name) const { return contents(root_ / name); }
 
     struct Outcome {

@@ -1,14 +1,10 @@
-// The program as a whole: command line, protocol codes, numbers, time stamps, files.
+// The program as a whole: command line, protocol codes, numbers, time stamps.
 #include "tests/program.h"
-
-#include <unistd.h>
 
 #include <regex>
 
 namespace {
 
-const std::string BANNER =
-    "\nVelmarix ISDN Trace Utility\nOffline decoder of ISDN D-channel traces\nVersion 1.00-Alpha-0.10\n";
 const std::string USAGE =
     "QUANDRIX Version 1.00-Alpha\n\nUsage: QUANDRIX SOURCE [DESTINATION] [options]\n"
     "SOURCE          Specifies the input filename to be read.\n"
@@ -17,18 +13,6 @@ const std::string USAGE =
     "                      default to SOURCE name with extension \"res\" \n"
     "options:\n[-d]            To run the Hex trace file\n[-p|b]          ISDN Protocol [PRI|BRI]  (DEFAULT=PRI)\n";
 const std::string ABORT = "\n    ERROR ABORT ";
-const std::string PRI = "PROTOCOL TYPE                 : PRI 4ESS/5ESS\n";
-const std::string FRAME = "RECEIVE\nCommand=1   SAPI=0x00\nTEI=0x00\n    0x63  Unnumbered Acknowledgment\n\n";
-const std::string RECORD = "52 03 02 01 63 ";  // of that frame
-
-// That record, many times, as a binary trace.
-std::string frames(unsigned count) {
-    std::string trace = ZERO_HEADER + "\2\2";
-    for (; count > 0; --count) {
-        trace += bytes_of(RECORD);
-    }
-    return trace;
-}
 
 TEST(CommandLine, ChoosesReportAndKindOfTrace) {
     // The report, the kind of trace, and the arguments that choose them.
@@ -161,138 +145,6 @@ TEST(BinaryTrace, BecomesHexText) {
     EXPECT_EQ(folder.run("QUANDRIX t").status, 1);
     EXPECT_EQ(folder.read("pritemp.log"), "");
     EXPECT_EQ(folder.read("t.res"), ABORT);
-}
-
-class Files : public testing::Test {
- protected:
-    void SetUp() override { folder.write("t", trace); }
-
-    // Runs the commands; the program must fail with that on the terminal behind the banner, and leave SOURCE alone.
-    void expect_failure(const std::string& commands, const std::string& message) {
-        SCOPED_TRACE(commands);
-        const Folder::Outcome outcome = folder.run(commands);
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.terminal, BANNER + message);
-        EXPECT_EQ(folder.read("t"), trace);
-    }
-
-    static std::string cannot_open_report(const std::string& name) {
-        return "ERROR:Fail to open " + name +
-               " file.\nInfo:The destination file may exist on your system and ready only\nSuggestion:\nChange the "
-               "permission. OR Delete the file to re-use same name. OR Use different destination file name.\n";
-    }
-
-    const Folder folder;
-    const std::string trace = frames(4000);  // its report is larger than the buffer
-    const std::string no_temporary_file =
-        "ERROR:Fail to open temporary file.\nSuggestion:Delete temporary file(\"pritemp.log\") from your system, if it "
-        "exist and try again\n";
-    const std::string start = BANNER + "BINARY TRACE \nISDN Protocol: PRI 4ESS/5ESS\n";
-};
-
-TEST_F(Files, SourceAndReportAreTheSameFile) {
-    EXPECT_EQ(folder.run("ln t hard; ln -s t soft; ln -s t t.res").status, 0);
-    for (const std::string name : {"t", "hard", "soft", "./t"}) {
-        expect_failure("QUANDRIX t " + name + " -d", cannot_open_report(name));
-        expect_failure("QUANDRIX t " + name, cannot_open_report(name));
-    }
-    expect_failure("QUANDRIX t", cannot_open_report("t.res"));
-}
-
-TEST_F(Files, ThatCannotBeUsed) {
-    expect_failure("mkdir d; QUANDRIX t d -d", cannot_open_report("d"));
-    expect_failure("QUANDRIX t no/o -d", cannot_open_report("no/o"));
-    expect_failure("QUANDRIX d o", "Failed opening file d\n");
-    EXPECT_EQ(folder.run("QUANDRIX none o").terminal,
-              "Failed opening File none \n" + BANNER + "Failed opening file none\n");
-    expect_failure("mkfifo fifo; QUANDRIX fifo o -d", "Seek Failed for Source File 1030\n");
-    expect_failure("QUANDRIX fifo o", "Seek Failed 999\n");
-    expect_failure("QUANDRIX t fifo", cannot_open_report("fifo"));
-    expect_failure("ln -s /dev/full pritemp.log; QUANDRIX t o", no_temporary_file);
-    expect_failure("rm pritemp.log; mkdir pritemp.log; QUANDRIX t o", no_temporary_file);
-    expect_failure("rmdir pritemp.log; ln -s t pritemp.log; QUANDRIX t o", no_temporary_file);
-    expect_failure("rm pritemp.log; QUANDRIX t pritemp.log", no_temporary_file);
-}
-
-TEST_F(Files, WithoutPermission) {
-    const std::string program = geteuid() == 0 ? " setpriv --reuid=65534 --clear-groups ./program " : " ./program ";
-    EXPECT_EQ(folder.run("chmod 777 .; cp " PROGRAM " program; cp t u; chmod 0 u; touch r; chmod 444 r").status, 0);
-    EXPECT_EQ(folder.run(program + "u o 2>errors").terminal,
-              "Failed opening File u \n" + BANNER + "Failed opening file u\n");
-    expect_failure(program + "t r 2>errors", cannot_open_report("r"));
-    expect_failure("touch pritemp.log; chmod 222 pritemp.log;" + program + "t o 2>errors",
-                   "Failed opening pritemp.log\n");
-    expect_failure("chmod 444 pritemp.log;" + program + "t o 2>errors", no_temporary_file);
-}
-
-TEST_F(Files, ReportCannotBeWrittenWhole) {
-    expect_failure("QUANDRIX t /dev/full", start.substr(BANNER.size()) + "Failed writing file /dev/full\n");
-    folder.write("small", frames(1));
-    EXPECT_EQ(folder.run("QUANDRIX small /dev/full").terminal, start + "Failed writing file /dev/full\n");
-    // A pipe whose reader leaves (the first tries may come before it); a file that may not grow.
-    expect_failure(
-        "mkfifo pipe; head -c 1 pipe >byte &\nfor try in $(seq 500); do QUANDRIX t pipe >out; "
-        "grep -q BINARY out && break; done; cat out; false",
-        start.substr(BANNER.size()) + "Failed writing file pipe\n");
-    expect_failure("ulimit -f 100; QUANDRIX t o", "Failed writing file pritemp.log\n");
-}
-
-// Runs in one folder take turns with pritemp.log.
-TEST_F(Files, SeveralBinaryRunsAtOnce) {
-    folder.write("u", frames(8000));
-    const Folder::Outcome outcome = folder.run(
-        "QUANDRIX t; QUANDRIX u\n"
-        "for run in 1 2 3 4; do cp t t$run; cp u u$run; QUANDRIX t$run & QUANDRIX u$run & done; wait\n"
-        "for run in 1 2 3 4; do cmp t.res t$run.res && cmp u.res u$run.res || exit 1; done");
-    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
-}
-
-TEST_F(Files, TemporaryFileIsRemovedWhileARunWaitsForIt) {
-    const Folder::Outcome outcome = folder.run(
-        ": >pritemp.log; timeout 20 flock pritemp.log "
-        "sh -c 'touch locked; until [ -s waiting ]; do :; done; rm pritemp.log' &\n"
-        "until [ -e locked ]; do :; done; QUANDRIX t o 2>waiting && cat waiting");
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.terminal, start + "Waiting for another run to finish with pritemp.log\n");
-    EXPECT_EQ(folder.read("o").size(), PRI.size() + 4000 * FRAME.size());
-}
-
-TEST_F(Files, KilledRunIsRepeated) {
-    // The pipe is open and nobody reads: the run stands still in the middle of its report.
-    const Folder::Outcome outcome =
-        folder.run("cp t copy; mkfifo pipe; exec 3<>pipe; " PROGRAM
-                   " t pipe 3<&- &\n"
-                   "until [ -s pritemp.log ]; do :; done; kill -9 $!; wait $!; [ $? = 137 ] && cmp t copy");
-    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
-    EXPECT_EQ(folder.run("QUANDRIX t").status, 0);
-    EXPECT_EQ(folder.read("t.res").size(), PRI.size() + 4000 * FRAME.size());
-}
-
-TEST_F(Files, NamesOfAnyLength) {
-    const std::string name = std::string(200, 'a') + "/../" + std::string(200, 'b');
-    EXPECT_EQ(folder.run("mkdir " + name.substr(0, 200) + "; cp t " + name + "; QUANDRIX " + name).status, 0);
-    EXPECT_EQ(folder.read(name + ".res").size(), PRI.size() + 4000 * FRAME.size());
-}
-
-// What runs for every sample.
-const std::string EVERY_SAMPLE =
-    "for sample in " SAMPLES "/*.hex " SAMPLES "/*.bin; do case $sample in *.hex) kind=-d;; *) kind=;; esac\n";
-
-TEST_F(Files, SamplesDecodeToTheirReports) {
-    const Folder::Outcome outcome =
-        folder.run(EVERY_SAMPLE + "QUANDRIX $sample report $kind >out; diff $sample.res report || exit 1; done");
-    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
-}
-
-// Few and many bits changed by chance: the program ends and says why, and no sanitizer complains.
-TEST_F(Files, DamagedSamplesEndWithStatus0Or1) {
-    const Folder::Outcome outcome =
-        folder.run(EVERY_SAMPLE +
-                   "for seed in $(seq 60); do zzuf -s $seed -r 0.0002:0.05 <$sample >damaged || exit\n"
-                   "QUANDRIX damaged report $kind >out\n"
-                   "case $?:$(tail -c 400 report) in 0:*|1:*'ERROR ABORT '|1:*'Invalid Tx/Rx value: 0x'*) ;;\n"
-                   "*) cat out; echo $sample, seed $seed; exit 1;; esac; done; done");
-    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
 }  // namespace

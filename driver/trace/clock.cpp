@@ -1,8 +1,13 @@
 #include "driver/trace/clock.h"
 
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <limits>
 
+#include "driver/trace/format.h"
 #include "report/state.h"
 
 TraceHeader Timeb;
@@ -22,10 +27,15 @@ std::int64_t elapsed(std::uint32_t ticks) {
 
 }  // namespace
 
-TraceHeader trace_header(std::span<const std::uint8_t, TRACE_HEADER_SIZE> bytes) {
-    return {.time = static_cast<std::int32_t>(std::uint32_t{bytes[0]} | std::uint32_t{bytes[1]} << 8U |
-                                              std::uint32_t{bytes[2]} << 16U | std::uint32_t{bytes[3]} << 24U),
-            .millitm = static_cast<std::uint16_t>(bytes[4] | bytes[5] << 8U)};
+bool read_header(int trace) {
+    std::array<std::uint8_t, TRACE_HEADER_SIZE> bytes{};
+    if (::pread(trace, bytes.data(), bytes.size(), 0) < 0 && errno != ESPIPE) {
+        return false;
+    }
+    Timeb.time = static_cast<std::int32_t>(std::uint32_t{bytes[0]} | std::uint32_t{bytes[1]} << 8U |
+                                           std::uint32_t{bytes[2]} << 16U | std::uint32_t{bytes[3]} << 24U);
+    Timeb.millitm = static_cast<std::uint16_t>(bytes[4] | bytes[5] << 8U);
+    return true;
 }
 
 Moment moment_of(std::uint32_t ticks) {

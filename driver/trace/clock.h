@@ -1,9 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
-
-#include "driver/trace/format.h"
 
 // Start of the trace, from the header of every trace file; all zero when it cannot be read.
 struct TraceHeader {
@@ -13,8 +10,9 @@ struct TraceHeader {
 
 extern TraceHeader Timeb;
 
-// Takes the header apart.
-TraceHeader trace_header(std::span<const std::uint8_t, TRACE_HEADER_SIZE> bytes);
+// Reads the header of an open trace into `Timeb`, wherever the trace is read just now; bytes that it does not have are
+// zero, and so is all of a file that cannot be positioned. False when it cannot be read.
+[[nodiscard]] bool read_header(int trace);
 
 // A moment of calendar time.
 struct Moment {

@@ -182,7 +182,9 @@ void input() {
 void inputData(std::int32_t& x) { x = fetchChar(); }
 
 void abort_run() {
-    text("\n    ERROR ABORT ");
+    if (ifp.failed() == nullptr) {  // else the trace itself may go on
+        text("\n    ERROR ABORT ");
+    }
     end_run(1);
 }
 

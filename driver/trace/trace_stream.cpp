@@ -1,5 +1,6 @@
 #include "driver/trace/trace_stream.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -37,19 +38,38 @@ std::uint8_t class_of(int character) {
     return character == TraceStream::END ? OTHER : CLASSES[static_cast<std::uint8_t>(character)];
 }
 
+// The next bytes of a file: how many, 0 at its end, below 0 when they cannot be read.
+ssize_t read_some(int descriptor, std::span<std::uint8_t> buffer) {
+    ssize_t count = 0;
+    do {
+        count = ::read(descriptor, buffer.data(), buffer.size());
+    } while (count < 0 && errno == EINTR);
+    return count;
+}
+
 }  // namespace
 
 bool TraceStream::open(const char* name) {
+    const int descriptor = open_for_reading(name);
+    take(descriptor, name);
+    return descriptor >= 0;
+}
+
+bool TraceStream::open(int descriptor, const char* name) {
+    take(descriptor, name);
+    return seek(0) && (::fcntl(descriptor, F_GETFL) & O_ACCMODE) != O_WRONLY;
+}
+
+void TraceStream::take(int descriptor, const char* name) {
     close();
-    descriptor_ = open_for_reading(name);
+    descriptor_ = descriptor;
+    name_ = name;
     eof_ = false;
     next_ = limit_ = buffer_.data();
-    return descriptor_ >= 0;
 }
 
 void TraceStream::open(std::span<const std::uint8_t> memory) {
-    close();
-    eof_ = false;
+    take(-1, "");
     next_ = memory.data();
     limit_ = next_ + memory.size();
 }
@@ -66,14 +86,14 @@ void TraceStream::close() {
 
 // Fills the buffer anew. The end of the file is met once: it is not asked for again.
 bool TraceStream::fill() {
-    ssize_t count = -1;
-    while (!eof_ && count < 0) {
-        count = descriptor_ < 0 ? 0 : ::read(descriptor_, buffer_.data(), buffer_.size());
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-        eof_ = count == 0;
+    if (eof_) {
+        return false;
     }
+    const ssize_t count = descriptor_ < 0 ? 0 : read_some(descriptor_, buffer_);
+    if (count < 0) {
+        failed_ = name_;
+    }
+    eof_ = count <= 0;
     next_ = buffer_.data();
     limit_ = eof_ ? next_ : next_ + count;
     return !eof_;

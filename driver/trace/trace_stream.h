@@ -16,9 +16,12 @@ class TraceStream {
     // What byte() returns at the end of the file.
     static constexpr int END = -1;
 
-    // Opens a file at its first byte, never waiting for one; closes the one that was open. False when it cannot be
-    // opened or is a folder.
+    // Opens a file at its first byte; closes the one that was open. False when that fails (open_for_reading). The name
+    // is kept for messages; it must outlive the stream.
     [[nodiscard]] bool open(const char* name);
+
+    // Takes over an open file of that name and goes to its first byte. False when it cannot be read from there.
+    [[nodiscard]] bool open(int descriptor, const char* name);
 
     // Reads from memory instead, which must outlive the reading.
     void open(std::span<const std::uint8_t> memory);
@@ -35,20 +38,28 @@ class TraceStream {
     // space behind them) and wholly in the buffer. Gives how many, 0 when the next one is for scan().
     std::size_t scan_pairs(std::span<std::uint8_t> bytes);
 
-    // The next byte, 0..255, or END; a read error counts as the end.
+    // The next byte, 0..255, or END.
     int byte() { return next_ != limit_ ? *next_++ : refill(); }
 
     // All bytes that the buffer holds, after filling it when it is empty; none at the end. They stand until the next
     // read.
     [[nodiscard]] std::span<const std::uint8_t> block();
 
-    // Whether a read has met the end of the file; reaching the last byte alone does not set it.
+    // Whether a read has met the end of the file, or an error, which counts as the end; reaching the last byte alone
+    // does not set it.
     [[nodiscard]] bool eof() const { return eof_; }
+
+    // Name of the file that a read has failed of, in the whole life of the stream; null when none has.
+    [[nodiscard]] const char* failed() const { return failed_; }
+
+    // The open file; -1 when there is none.
+    [[nodiscard]] int descriptor() const { return descriptor_; }
 
     // Closes the file; harmless when none is open.
     void close();
 
  private:
+    void take(int descriptor, const char* name);
     bool fill();
     int refill() { return fill() ? *next_++ : END; }
     int skip_space();
@@ -57,6 +68,8 @@ class TraceStream {
     void put_back(int character);
 
     int descriptor_ = -1;
+    const char* name_ = "";
+    const char* failed_ = nullptr;
     bool eof_ = false;
     const std::uint8_t* next_ = nullptr;
     const std::uint8_t* limit_ = nullptr;

@@ -1,0 +1,276 @@
+// Files: the trace, the report, pritemp.log, and what becomes of them when runs, users or the system are in the way.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <utility>
+
+#include "tests/program.h"
+
+namespace {
+
+class Files : public testing::Test {
+ protected:
+    void SetUp() override {
+        folder.write("t", trace);
+        folder.write("h", ZERO_HEADER + "2 2" + hex_trace(4000));
+    }
+
+    static std::string hex_trace(unsigned records) {
+        std::string text;
+        for (; records > 0; --records) {
+            text += "\n" + RECORD.substr(0, RECORD.size() - 1);
+        }
+        return text;
+    }
+
+    // Runs the commands; the program must fail with that on the terminal behind the banner, and leave SOURCE alone.
+    void expect_failure(const std::string& commands, const std::string& message) {
+        SCOPED_TRACE(commands);
+        const Folder::Outcome outcome = folder.run(commands);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.terminal, BANNER + message);
+        EXPECT_TRUE(folder.read("t") == trace);
+    }
+
+    static std::string cannot_open_report(const std::string& name) {
+        return "ERROR:Fail to open " + name +
+               " file.\nInfo:The destination file may exist on your system and ready only\nSuggestion:\nChange the "
+               "permission. OR Delete the file to re-use same name. OR Use different destination file name.\n";
+    }
+
+    const Folder folder;
+    const std::string trace = frames(4000);  // its report is larger than the buffer
+    const std::string no_temporary_file =
+        "ERROR:Fail to open temporary file.\nSuggestion:Delete temporary file(\"pritemp.log\") from your system, if it "
+        "exist and try again\n";
+    const std::string start = BANNER + "BINARY TRACE \nISDN Protocol: PRI 4ESS/5ESS\n";
+};
+
+TEST_F(Files, SourceAndReportAreTheSameFile) {
+    EXPECT_EQ(folder.run("ln t hard; ln -s t soft; ln -s t t.res").status, 0);
+    for (const std::string name : {"t", "hard", "soft", "./t"}) {
+        expect_failure("QUANDRIX t " + name + " -d", cannot_open_report(name));
+        expect_failure("QUANDRIX t " + name, cannot_open_report(name));
+    }
+    expect_failure("QUANDRIX t", cannot_open_report("t.res"));
+}
+
+TEST_F(Files, ThatCannotBeUsed) {
+    expect_failure("mkdir d; QUANDRIX t d -d", cannot_open_report("d"));
+    expect_failure("QUANDRIX t no/o -d", cannot_open_report("no/o"));
+    expect_failure("QUANDRIX d o", "Failed opening file d\n");
+    EXPECT_EQ(folder.run("QUANDRIX none o").terminal,
+              "Failed opening File none \n" + BANNER + "Failed opening file none\n");
+    expect_failure("mkfifo fifo; QUANDRIX fifo o -d", "Seek Failed for Source File 1030\n");
+    expect_failure("QUANDRIX fifo o", "Seek Failed 999\n");
+    expect_failure("QUANDRIX t fifo", cannot_open_report("fifo"));
+    expect_failure("ln -s /dev/full pritemp.log; QUANDRIX t o", no_temporary_file);
+    expect_failure("rm pritemp.log; mkdir pritemp.log; QUANDRIX t o", no_temporary_file);
+    expect_failure("rmdir pritemp.log; ln -s t pritemp.log; QUANDRIX t o", no_temporary_file);
+    expect_failure("rm pritemp.log; QUANDRIX t pritemp.log", no_temporary_file);
+    expect_failure("rm pritemp.log; ln -s victim pritemp.log; QUANDRIX t o; s=$?; [ ! -e victim ] && exit $s",
+                   no_temporary_file);
+    folder.write("victim", "precious");
+    expect_failure("ln -sf victim pritemp.log; QUANDRIX t o", no_temporary_file);
+    expect_failure("ln -f victim pritemp.log; QUANDRIX t o", no_temporary_file);
+    EXPECT_EQ(folder.read("victim"), "precious");
+}
+
+TEST_F(Files, WithoutPermission) {
+    const std::string program = geteuid() == 0 ? " setpriv --reuid=65534 --clear-groups ./program " : " ./program ";
+    EXPECT_EQ(folder.run("chmod 777 .; cp " PROGRAM " program; cp t u; chmod 0 u; touch r; chmod 444 r").status, 0);
+    EXPECT_EQ(folder.run(program + "u o 2>errors").terminal,
+              "Failed opening File u \n" + BANNER + "Failed opening file u\n");
+    expect_failure(program + "t r 2>errors", cannot_open_report("r"));
+    expect_failure("touch pritemp.log; chmod 222 pritemp.log;" + program + "t o 2>errors",
+                   "Failed opening pritemp.log\n");
+    expect_failure("chmod 444 pritemp.log;" + program + "t o 2>errors", no_temporary_file);
+}
+
+TEST_F(Files, ReportCannotBeWrittenWhole) {
+    expect_failure("QUANDRIX t /dev/full", start.substr(BANNER.size()) + "Failed writing file /dev/full\n");
+    folder.write("small", frames(1));
+    EXPECT_EQ(folder.run("QUANDRIX small /dev/full").terminal, start + "Failed writing file /dev/full\n");
+    // A pipe whose reader leaves (the first tries may come before it); a file that may not grow.
+    expect_failure(
+        "mkfifo pipe; head -c 1 pipe >byte &\nfor try in $(seq 500); do QUANDRIX t pipe >out; "
+        "grep -q BINARY out && break; done; cat out; false",
+        start.substr(BANNER.size()) + "Failed writing file pipe\n");
+    expect_failure("ulimit -f 100; QUANDRIX t o", "Failed writing file pritemp.log\n");
+}
+
+// Runs in one folder take turns with pritemp.log, and with a report that they share.
+TEST_F(Files, SeveralRunsAtOnce) {
+    std::string other = frames(8000);
+    std::ranges::replace(other, 'R', 'T');
+    folder.write("u", other);
+    const Folder::Outcome outcome = folder.run(
+        "QUANDRIX t; QUANDRIX u\n"
+        "for run in 1 2 3 4; do cp t t$run; cp u u$run; QUANDRIX t$run & QUANDRIX u$run & done; wait\n"
+        "for run in 1 2 3 4; do cmp t.res t$run.res && cmp u.res u$run.res || exit 1; done\n"
+        "for try in 1 2 3 4; do for run in 1 2 3; do for trace in t u; do QUANDRIX $trace one & done; done; wait\n"
+        "cmp -s one t.res || cmp -s one u.res || exit 2; done");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
+}
+
+TEST_F(Files, IsLockedByAnotherRunAndRemovedByIt) {
+    for (const auto& [name, command] : {std::pair{"pritemp.log", "QUANDRIX t o"},
+                                        {"o", "QUANDRIX t o"},
+                                        {"t.res", "QUANDRIX t"},
+                                        {"pritemp.log", "QUANDRIX h pritemp.log -d"}}) {
+        const std::string file = name;
+        const Folder::Outcome outcome =
+            folder.run("rm -f waiting locked; echo kept >" + file + "; timeout 20 flock " + file +
+                       " sh -c 'touch locked; until [ -s waiting ]; do :; done; cat " + file + "; rm " + file +
+                       "' &\n" + "until [ -e locked ]; do :; done; " + command + " 2>waiting >out && cat waiting");
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.terminal, "kept\nWaiting for another run to finish with " + file + "\n");
+        const std::string report = file == "t.res" || std::string(command).ends_with("-d") ? file : "o";
+        EXPECT_EQ(folder.read(report).size(), PRI.size() + 4000 * FRAME.size());
+    }
+}
+
+TEST_F(Files, TemporaryFileIsRemovedDuringARun) {
+    folder.write("big", ZERO_HEADER + "\2\2" + std::string(8000000, 'c'));
+    const Folder::Outcome outcome = folder.run(
+        "QUANDRIX big expected; rm pritemp.log; QUANDRIX big o & until [ -s pritemp.log ]; do :; done; rm pritemp.log\n"
+        "QUANDRIX t; wait $!; cmp expected o");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
+}
+
+// A lock makes the run say that it waits; the text must go nowhere.
+TEST_F(Files, ClosedStandardStreams) {
+    const Folder::Outcome outcome = folder.run(
+        ": >pritemp.log; timeout 20 flock pritemp.log sh -c 'touch locked; sleep 0.3' & until [ -e locked ]; do :; "
+        "done\n"
+        "QUANDRIX t o <&- >&- 2>&-");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(folder.read("o").size(), PRI.size() + 4000 * FRAME.size());
+}
+
+TEST_F(Files, ReportIsTheTerminalText) {
+    for (const std::string command : {"QUANDRIX t >>t.res", "QUANDRIX h /dev/stdout -d >>t.res",
+                                      "QUANDRIX h t.res -d 2>>t.res >&2", "QUANDRIX h ./t.res -d 2>>t.res"}) {
+        folder.write("t.res", "kept\n");
+        const Folder::Outcome outcome = folder.run(command);
+        EXPECT_EQ(outcome.status, 1);
+        const std::string name = command.find("/dev") != std::string::npos ? "/dev/stdout"
+                                 : command.find("./") != std::string::npos ? "./t.res"
+                                                                           : "t.res";
+        EXPECT_EQ(folder.read("t.res") + outcome.terminal, "kept\n" + BANNER + cannot_open_report(name));
+    }
+    EXPECT_EQ(folder.run("QUANDRIX h /dev/stdout -d | grep -c RECEIVE").terminal, "4000\n");
+}
+
+// What was read before the error is decoded; strace makes the reads fail.
+TEST_F(Files, ThatCannotBeRead) {
+    EXPECT_EQ(folder.run("QUANDRIX /proc/self/mem o -d").terminal, "Failed reading file /proc/self/mem\n");
+    if (folder.run("strace -o log true").status != 0) {
+        GTEST_SKIP() << "strace is not allowed to trace";
+    }
+    for (const auto& [file, option] : {std::pair{"h", " -d"}, {"b", ""}, {"pritemp.log", ""}}) {
+        folder.write("b", frames(40000));
+        const Folder::Outcome outcome =
+            folder.run("ASAN_OPTIONS=detect_leaks=0 strace -o log -P $PWD/" + std::string(file) +
+                       " -e inject=read:error=EIO:when=2 " PROGRAM " " + (*option != 0 ? "h" : "b") + " o" + option);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(outcome.terminal.ends_with(std::string("Failed reading file ") + file + "\n")) << outcome.terminal;
+        const std::string report = folder.read("o");
+        EXPECT_GT(report.size(), 1000 * FRAME.size());
+        EXPECT_TRUE(report.ends_with(FRAME));
+    }
+}
+
+// The report is another name of the trace, whose own name goes while the run has it open.
+TEST_F(Files, TraceIsRenamedDuringARun) {
+    if (folder.run("strace -o log true").status != 0) {
+        GTEST_SKIP() << "strace is not allowed to trace";
+    }
+    const Folder::Outcome outcome =
+        folder.run("ln t o; ASAN_OPTIONS=detect_leaks=0 strace -o log -P t -e inject=openat:delay_exit=500000 " PROGRAM
+                   " t o 2>errors & \n"
+                   "for try in $(seq 500); do ls -l /proc/[0-9]*/fd | grep -q \"$PWD/t$\" && break; done 2>errors; mv "
+                   "t moved; echo other >t; wait "
+                   "$!");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.terminal, BANNER + cannot_open_report("o"));
+    EXPECT_TRUE(folder.read("o") == trace);
+}
+
+TEST_F(Files, NewOnesAreAsPrivateAsTheTrace) {
+    const std::string modes = "; QUANDRIX t >out; stat -c %a t.res pritemp.log; rm t.res pritemp.log";
+    EXPECT_EQ(folder.run("umask 0; chmod 600 t" + modes).terminal, "600\n600\n");
+    EXPECT_EQ(folder.run("umask 0; chmod 464 t" + modes).terminal, "664\n664\n");
+    EXPECT_EQ(folder.run("umask 027; chmod 644 t" + modes).terminal, "640\n640\n");
+    EXPECT_EQ(folder.run("chmod 600 t; touch t.res pritemp.log; chmod 646 t.res pritemp.log" + modes).terminal,
+              "646\n646\n");
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can give the trace to another group";
+    }
+    EXPECT_EQ(folder.run("umask 0; chgrp 12345 t; chmod 664 t" + modes).terminal, "644\n644\n");
+}
+
+TEST_F(Files, LittleStack) {
+    if (folder.run("QUANDRIX h; nm " PROGRAM " | grep -q __asan").status == 0) {
+        GTEST_SKIP() << "the address sanitizer needs more";
+    }
+    EXPECT_EQ(folder.run("ulimit -s 32; QUANDRIX t && QUANDRIX h -d").status, 0);
+}
+
+int leased = -1;  // a file that this process has a lease on
+void give_lease_up(int /*signal*/) { fcntl(leased, F_SETLEASE, F_UNLCK); }
+
+TEST_F(Files, OpeningWaitsOnlyWhereItMay) {
+    // A trace that another process writes with a lease, which it gives up when asked.
+    EXPECT_EQ(folder.run("cp t leased; pwd").status, 0);
+    leased = open((folder.path() / "leased").c_str(), O_RDWR);
+    std::signal(SIGIO, give_lease_up);
+    ASSERT_EQ(fcntl(leased, F_SETLEASE, F_WRLCK), 0);
+    EXPECT_EQ(folder.run("QUANDRIX leased o").status, 0);
+    close(leased);
+    // A FIFO's writer goes on waiting for its reader.
+    EXPECT_EQ(folder.run("mkfifo fifo; echo data >fifo & QUANDRIX fifo o; timeout 5 cat fifo").terminal,
+              BANNER + "Seek Failed 999\ndata\n");
+}
+
+TEST_F(Files, KilledRunIsRepeated) {
+    // The pipe is open and nobody reads: the run stands still in the middle of its report.
+    const Folder::Outcome outcome =
+        folder.run("cp t copy; mkfifo pipe; exec 3<>pipe; " PROGRAM
+                   " t pipe 3<&- &\n"
+                   "until [ -s pritemp.log ]; do :; done; kill -9 $!; wait $!; [ $? = 137 ] && cmp t copy");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
+    EXPECT_EQ(folder.run("QUANDRIX t").status, 0);
+    EXPECT_EQ(folder.read("t.res").size(), PRI.size() + 4000 * FRAME.size());
+}
+
+TEST_F(Files, NamesOfAnyLength) {
+    const std::string name = std::string(200, 'a') + "/../" + std::string(200, 'b');
+    EXPECT_EQ(folder.run("mkdir " + name.substr(0, 200) + "; cp t " + name + "; QUANDRIX " + name).status, 0);
+    EXPECT_EQ(folder.read(name + ".res").size(), PRI.size() + 4000 * FRAME.size());
+}
+
+// What runs for every sample.
+const std::string EVERY_SAMPLE =
+    "for sample in " SAMPLES "/*.hex " SAMPLES "/*.bin; do case $sample in *.hex) kind=-d;; *) kind=;; esac\n";
+
+TEST_F(Files, SamplesDecodeToTheirReports) {
+    const Folder::Outcome outcome =
+        folder.run(EVERY_SAMPLE + "QUANDRIX $sample report $kind >out; diff $sample.res report || exit 1; done");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
+}
+
+// Few and many bits changed by chance: the program ends and says why, and no sanitizer complains.
+TEST_F(Files, DamagedSamplesEndWithStatus0Or1) {
+    const Folder::Outcome outcome =
+        folder.run(EVERY_SAMPLE +
+                   "for seed in $(seq 60); do zzuf -s $seed -r 0.0002:0.05 <$sample >damaged || exit\n"
+                   "QUANDRIX damaged report $kind >out\n"
+                   "case $?:$(tail -c 400 report) in 0:*|1:*'ERROR ABORT '|1:*'Invalid Tx/Rx value: 0x'*) ;;\n"
+                   "*) cat out; echo $sample, seed $seed; exit 1;; esac; done; done");
+    EXPECT_EQ(outcome.status, 0) << outcome.terminal;
+}
+
+}  // namespace
