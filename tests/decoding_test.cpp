@@ -73,7 +73,7 @@ void add_lines(std::vector<Line>& lines, const std::string& filter, const std::s
 
 // Adds what a line of a file says: a new case, or octets and lines of the last one. False when it says neither.
 bool add(std::vector<Case>& cases, const std::filesystem::path& file, const std::string& source) {
-    static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?(.+))");
+    static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?([^[].*))");
     static const std::regex octets(
         R"((?:(frame|trace): )?((?:[0-9A-F]{2,3}(?: |$|(?=\|)))*)(?:\[([^\]]+)\])?(T?)(\|.*)?)");
     std::smatch part;
