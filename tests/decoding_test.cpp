@@ -73,9 +73,9 @@ void add_lines(std::vector<Line>& lines, const std::string& filter, const std::s
 
 // Adds what a line of a file says: a new case, or octets and lines of the last one. False when it says neither.
 bool add(std::vector<Case>& cases, const std::filesystem::path& file, const std::string& source) {
-    static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?(.+))");
+    static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?([^[].*))");
     static const std::regex octets(
-        R"((?:(frame|trace): )?((?:[0-9A-F]{2,3}(?: |$|(?=\|)))*)(?:\[([^\]]+)\])?(T?)(\|.*)?)");
+        R"((?:(frame|trace): )?((?:[0-9A-F]{2,3}(?: |$|(?=\|)))*)(?:(?:\[([^\]]+)\])?(T?)(\|.*))?)");
     std::smatch part;
     if (std::regex_match(source, part, title)) {
         cases.push_back({file.stem().string() + "_" + part.str(2), part[1].matched ? part.str(1) : "2"});
@@ -91,8 +91,7 @@ bool add(std::vector<Case>& cases, const std::filesystem::path& file, const std:
     return true;
 }
 
-// The cases of a file. A line that is no part of a case, a case without octets or lines, and a file without a case are
-// errors.
+// The cases of a file. Other lines, a case without octets or lines, and a file without a case are errors.
 std::vector<Case> read_cases(const std::filesystem::path& file) {
     const auto require = [&](bool fine, const std::string& message) {
         fine ? void() : throw std::runtime_error(file.string() + ": " + message);
@@ -126,7 +125,7 @@ std::string expected_lines(const std::vector<Line>& lines, int variant, char dir
 }
 
 // Adds a frame's record to a trace in hex, and its lines to the report.
-void add_frame(std::string& trace, std::string& report, const Case& decoding, int variant, char direction) {
+void add_frame(std::ostream& trace, std::string& report, const Case& decoding, int variant, char direction) {
     const bool basic_rate = variant >= 128;
     const std::string line = basic_rate ? " (5)" : "";
     std::vector<Line> head = {{"R", "RECEIVE" + line}, {"T", ">TRANSMIT" + line}};
@@ -140,10 +139,8 @@ void add_frame(std::string& trace, std::string& report, const Case& decoding, in
     if (decoding.kind == "element" && !report.ends_with(SENDING_COMPLETE)) {
         report += (direction == 'T' ? INDENT : "") + SENDING_COMPLETE;
     }
-    std::ostringstream record;
-    record << (direction == 'T' ? "54 " : "52 ") << (basic_rate ? "05 " : "") << std::hex << bytes_of(octets).size()
-           << " " << octets << "\n";
-    trace += record.str();
+    trace << (direction == 'T' ? "54 " : "52 ") << (basic_rate ? "05 " : "") << bytes_of(octets).size() << " " << octets
+          << "\n";
     report += "\n";
 }
 
@@ -152,14 +149,14 @@ class Decoding : public testing::TestWithParam<Case> {};
 TEST_P(Decoding, Report) {
     const Case& decoding = GetParam();
     const std::vector<int> variants = codes(decoding.variants);
+    const bool whole = decoding.kind == "trace";
     for (const int variant : variants) {
         SCOPED_TRACE("variant " + std::to_string(variant));
-        std::ostringstream start;
-        start << std::hex << variant << " 02\n";
-        std::string trace = start.str();
+        std::ostringstream trace;
+        trace << std::hex << variant << " 02\n";
         std::string expected;
-        if (decoding.kind == "trace") {
-            trace += decoding.octets;
+        if (whole) {
+            trace << decoding.octets;
             expected = expected_lines(decoding.lines, variant, 'R');
         } else {
             add_frame(trace, expected, decoding, variant, 'R');
@@ -171,10 +168,14 @@ TEST_P(Decoding, Report) {
             expected.pop_back();  // the one line of a report that is not ended
         }
         const auto behind_protocol = [](const std::string& report) { return report.substr(report.find('\n') + 1); };
-        EXPECT_EQ(behind_protocol(decode_hex(trace, failed ? 1 : 0)), expected);
-        if (decoding.kind != "trace" && variant == variants[0]) {
-            EXPECT_EQ(behind_protocol(decode(ZERO_HEADER + bytes_of(trace), "")), expected) << "as a binary trace";
+        EXPECT_EQ(behind_protocol(decode_hex(trace.str(), failed ? 1 : 0)), expected);
+        if (!whole && variant == variants[0]) {
+            EXPECT_EQ(behind_protocol(decode(ZERO_HEADER + bytes_of(trace.str()), "")), expected) << "binary";
         }
+    }
+    for (const Line& line : decoding.lines) {
+        const auto expected = [&](int variant) { return line.in(variant, 'R') || (!whole && line.in(variant, 'T')); };
+        EXPECT_TRUE(std::ranges::any_of(variants, expected)) << "expected nowhere: " << line.text;
     }
 }
 

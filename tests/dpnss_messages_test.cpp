@@ -10,8 +10,7 @@ namespace {
 
 using Row = std::vector<std::string>;
 
-// The rows of the tables, each without its first cell, by that cell. A line that is no row, or a second one of a
-// message, is an error.
+// The rows of the tables, each without its first cell, by that cell. Other lines, and a message twice, are errors.
 std::map<std::string, Row> tables() {
     static const std::regex known("#.*|[0-9a-f]{2}([|][^|]+){3}|(CAUSE|MAINT|UDC)([|][^|]+)+");
     std::map<std::string, Row> rows;
