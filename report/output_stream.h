@@ -46,6 +46,6 @@ class OutputStream {
     int descriptor_ = -1;
     const char* name_ = "";
     bool lost_ = false;
-    char* next_ = buffer_.data();
     std::array<char, BLOCK_SIZE + LONGEST_PIECE> buffer_;
+    char* next_ = buffer_.data();
 };
