@@ -1,0 +1,125 @@
+// quandrix-export: the frames of a trace as a capture, a pcap file or, of DASS2 and DPNSS, an EyeSDN file.
+
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "captures/eyesdn_writer.h"
+#include "captures/files.h"
+#include "captures/messages.h"
+#include "captures/pcap_writer.h"
+#include "captures/trace_frames.h"
+#include "driver/trace/clock.h"
+#include "driver/trace/hex_text.h"
+#include "driver/trace/protocol.h"
+#include "driver/trace/trace_stream.h"
+#include "report/lines.h"
+#include "report/run_end.h"
+
+const char* const PROGRAM_NAME = "quandrix-export";
+
+namespace {
+
+struct CommandLine {
+    bool hex_trace = false;
+    const char* trace = nullptr;
+    const char* capture = nullptr;
+};
+
+OutputStream capture;
+TraceFrames frames;
+
+CommandLine read_command_line(int argc, char** argv) {
+    CommandLine command;
+    opterr = 0;
+    for (int option = getopt(argc, argv, "d"); option != -1; option = getopt(argc, argv, "d")) {
+        command.hex_trace = true;
+        if (option != 'd') {
+            fail("usage: quandrix-export [-d] TRACE CAPTURE");
+        }
+    }
+    if (argc - optind != 2) {
+        fail("usage: quandrix-export [-d] TRACE CAPTURE");
+    }
+    command.trace = argv[optind];
+    command.capture = argv[optind + 1];
+    return command;
+}
+
+// Turns the rest of the binary trace `ifp` into hex text in a file without a name, and opens that instead.
+void read_as_hex_text() {
+    static OutputStream hex_text;
+    std::FILE* const file = std::tmpfile();
+    if (file == nullptr) {
+        fail_with_reason("cannot create a temporary file");
+    }
+    const int descriptor = ::dup(::fileno(file));
+    std::fclose(file);
+    hex_text.attach(descriptor, "the temporary file");
+    write_hex_text(ifp, hex_text);
+    if (!hex_text.flush() || ::lseek(descriptor, 0, SEEK_SET) != 0) {
+        fail("could not write all of the temporary file");
+    }
+    ifp.open(descriptor);
+}
+
+// Reads the trace up to its first record.
+void read_head(bool hex_trace) {
+    std::array<std::uint8_t, TRACE_HEADER_SIZE> header{};
+    for (std::uint8_t& octet : header) {
+        const int byte = ifp.byte();
+        octet = byte == TraceStream::END ? 0 : static_cast<std::uint8_t>(byte);
+    }
+    Timeb = trace_header(header);
+    if (!hex_trace) {
+        read_as_hex_text();
+    }
+    read_protocol();
+    read_ticks_resolution();
+}
+
+void write_frames() {
+    const bool dpnss = variant_is(PRI_DASS2, PRI_DPNSS_A, PRI_DPNSS_B);
+    dpnss ? write_eyesdn_header(capture) : write_pcap_header(capture);
+    const auto write_frame = dpnss ? write_eyesdn_frame : write_pcap_frame;
+    for (Frame frame; !capture.lost() && frames.next(frame);) {
+        write_frame(frame, capture);
+    }
+}
+
+// Closes the capture, tells what is in it, and exits.
+[[noreturn]] void finish(int status) {
+    if (ifp.failed()) {
+        say("could not read all of the trace");
+        status = EXIT_FAILURE;
+    }
+    close_target(capture);
+    say(std::to_string(frames.frames()) + " frames; left out: " + std::to_string(frames.debug_records()) +
+        " debug records, " + std::to_string(frames.empty_frames()) + " frames of no octets");
+    std::exit(status);
+}
+
+}  // namespace
+
+// The reader's way out when the trace ends too early; it has said so in the report, which is standard error here.
+void end_run(int status) {
+    text("\n");
+    finish(status);
+}
+
+int main(int argc, char** argv) {
+    const CommandLine command = read_command_line(argc, argv);
+    ignore_write_signals();
+    reset_state();
+    reset_reader();
+    ofp.attach(STDERR_FILENO, "standard error");
+    const int source = open_source(command.trace);  // stays open, for the capture must not be the same file
+    ifp.open(::dup(source));
+    read_head(command.hex_trace);
+    create_target(capture, command.capture, source);
+    write_frames();
+    finish(EXIT_SUCCESS);
+}

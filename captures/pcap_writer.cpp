@@ -1,0 +1,44 @@
+#include "captures/pcap_writer.h"
+
+#include <array>
+#include <cstring>
+
+#include "captures/linux_lapd.h"
+
+namespace {
+
+// In this machine's byte order, which the file's first number tells.
+template <typename Piece>
+char* put(char* at, const Piece& piece) {
+    std::memcpy(at, piece.data(), piece.size() * sizeof piece[0]);
+    return at + piece.size() * sizeof piece[0];
+}
+
+std::array<std::uint8_t, LINUX_LAPD_HEADER_SIZE> lapd_header(const Frame& frame) {
+    std::array<std::uint8_t, LINUX_LAPD_HEADER_SIZE> header{};
+    header[1] = frame.transmitted ? PACKET_OUTGOING : PACKET_INCOMING;
+    header[2] = ARPHRD_LAPD >> 8U;
+    header[3] = ARPHRD_LAPD & 0xFFU;
+    header[5] = 2;
+    header[7] = frame.line;
+    header[14] = LAPD_PROTOCOL >> 8U;
+    header[15] = LAPD_PROTOCOL & 0xFFU;
+    return header;
+}
+
+}  // namespace
+
+void write_pcap_header(OutputStream& capture) {
+    constexpr std::uint32_t MAGIC = 0xA1B2C3D4;  // times in microseconds
+    constexpr std::uint32_t VERSION_2_4 = 2U | 4U << 16U;
+    constexpr std::uint32_t SNAP_LENGTH = 65535;
+    constexpr std::array<std::uint32_t, 6> HEADER{MAGIC, VERSION_2_4, 0, 0, SNAP_LENGTH, LINUX_LAPD_LINK_TYPE};
+    capture.filled(put(capture.room(), HEADER));
+}
+
+void write_pcap_frame(const Frame& frame, OutputStream& capture) {
+    const auto seconds = static_cast<std::uint32_t>(seconds_of(frame.when));
+    const auto size = static_cast<std::uint32_t>(LINUX_LAPD_HEADER_SIZE + frame.octets.size());
+    const std::array<std::uint32_t, 4> packet{seconds, microseconds_of(frame.when), size, size};
+    capture.filled(put(put(put(capture.room(), packet), lapd_header(frame)), frame.octets));
+}

@@ -1,0 +1,61 @@
+#include "captures/trace_frames.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "driver/trace/clock.h"
+
+namespace {
+
+// The seconds are cut to those that 32 bits can say, with a sign or without.
+std::int64_t time_of(const Moment& moment) {
+    constexpr std::int64_t EARLIEST = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int64_t LATEST = std::numeric_limits<std::uint32_t>::max();
+    return std::clamp(moment.seconds, EARLIEST, LATEST) * MICROSECONDS + moment.milliseconds * 1000;
+}
+
+}  // namespace
+
+// Records of less than a tick count say no time.
+void TraceFrames::time_stamp() {
+    if (record_.length < 4) {
+        return;
+    }
+    std::uint32_t count = 0;
+    for (unsigned octet = 0; octet < 4; ++octet) {
+        count |= static_cast<std::uint32_t>(record_.data[octet]) << 8U * octet;
+    }
+    if (!stamped_) {
+        tick_base_ = count;
+        stamped_ = true;
+    }
+    ticks_ = count - tick_base_;
+}
+
+// Whether the record is a frame to be handed out; notes it otherwise.
+bool TraceFrames::is_frame() {
+    if (record_.marker == TIME_STAMP_MARKER) {
+        time_stamp();
+    } else if (record_.marker == DEBUG_MARKER) {
+        ++debug_records_;
+    } else if (record_.length == 0) {
+        ++empty_frames_;
+    } else {
+        ++frames_;
+        return true;
+    }
+    return false;
+}
+
+bool TraceFrames::next(Frame& frame) {
+    do {
+        if (!next_record(record_)) {
+            return false;
+        }
+    } while (!is_frame());
+    frame = {.when = time_of(moment_of(ticks_)),
+             .transmitted = record_.marker == TRANSMIT_MARKER,
+             .line = static_cast<std::uint8_t>(record_.line),
+             .octets = {record_.data.data(), static_cast<std::size_t>(record_.length)}};
+    return true;
+}
