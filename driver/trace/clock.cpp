@@ -5,7 +5,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <limits>
 
 #include "driver/trace/format.h"
 #include "report/state.h"
@@ -20,9 +19,8 @@ constexpr std::int64_t TICKS_A_SECOND = 1000 / TICK_MS;  // at resolution 1
 // record has wrapped around: where that makes it up to 24.8 days early, as 32 bits of milliseconds can say, it is
 // early.
 std::int64_t elapsed(std::uint32_t ticks) {
-    constexpr std::int64_t DAYS_24_8 = std::numeric_limits<std::int32_t>::max() / TICK_MS;
     const std::int64_t early = std::int64_t{Ticks_resolution} * static_cast<std::int32_t>(ticks);
-    return std::abs(early) <= DAYS_24_8 ? early : std::int64_t{Ticks_resolution} * std::int64_t{ticks};
+    return std::abs(early) <= -EARLIEST_TICKS ? early : std::int64_t{Ticks_resolution} * std::int64_t{ticks};
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
+
+#include "driver/trace/format.h"
 
 // Start of the trace, from the header of every trace file; all zero when it cannot be read.
 struct TraceHeader {
@@ -19,6 +22,11 @@ struct Moment {
     std::int64_t seconds;       // since 1 January 1970 UTC
     std::int64_t milliseconds;  // 0..999 in ordinary traces; a negative resolution or a damaged header gives others
 };
+
+// Elapsed time that a tick count of resolution 1 can say: up to 24.8 days before the first time-stamp record, and as
+// much behind it as is left.
+constexpr std::int64_t EARLIEST_TICKS = -(std::numeric_limits<std::int32_t>::max() / TICK_MS);
+constexpr std::int64_t LATEST_TICKS = std::numeric_limits<std::uint32_t>::max() + EARLIEST_TICKS;
 
 // The moment of a tick count, counted from the first time-stamp record, by `Timeb` and `Ticks_resolution`. Defined for
 // every value of the three.

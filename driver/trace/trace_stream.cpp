@@ -3,9 +3,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <limits>
-#include <utility>
 
 #include "report/file_access.h"
 
@@ -84,26 +84,36 @@ void TraceStream::close() {
     }
 }
 
-// Fills the buffer anew. The end of the file is met once: it is not asked for again.
+// Fills the buffer anew, behind what is still unread. The end of the file is met once: it is not asked for again.
 bool TraceStream::fill() {
     if (eof_) {
         return false;
     }
-    const ssize_t count = descriptor_ < 0 ? 0 : read_some(descriptor_, buffer_);
+    std::uint8_t* const end = std::copy(next_, limit_, buffer_.data());
+    const auto held = static_cast<std::size_t>(end - buffer_.data());
+    const ssize_t count = descriptor_ < 0 ? 0 : read_some(descriptor_, std::span(buffer_).subspan(held));
     if (count < 0) {
         failed_ = name_;
     }
     eof_ = count <= 0;
     next_ = buffer_.data();
-    limit_ = eof_ ? next_ : next_ + count;
+    limit_ = eof_ ? end : end + count;
     return !eof_;
 }
 
-std::span<const std::uint8_t> TraceStream::block() {
+std::span<const std::uint8_t> TraceStream::piece(std::size_t most) {
     if (next_ == limit_ && !fill()) {
         return {};
     }
-    return {std::exchange(next_, limit_), limit_};
+    const std::uint8_t* const begin = next_;
+    next_ += std::min(most, static_cast<std::size_t>(limit_ - next_));
+    return {begin, next_};
+}
+
+std::span<const std::uint8_t> TraceStream::peek(std::size_t count) {
+    while (static_cast<std::size_t>(limit_ - next_) < count && fill()) {
+    }
+    return {next_, std::min(count, static_cast<std::size_t>(limit_ - next_))};
 }
 
 int TraceStream::skip_space() {

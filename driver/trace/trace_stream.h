@@ -20,6 +20,9 @@ class TraceStream {
     // is kept for messages; it must outlive the stream.
     [[nodiscard]] bool open(const char* name);
 
+    // Takes over an open file of that name, read from where it stands; below 0: there is nothing to read.
+    void take(int descriptor, const char* name);
+
     // Takes over an open file of that name and goes to its first byte. False when it cannot be read from there.
     [[nodiscard]] bool open(int descriptor, const char* name);
 
@@ -43,7 +46,14 @@ class TraceStream {
 
     // All bytes that the buffer holds, after filling it when it is empty; none at the end. They stand until the next
     // read.
-    [[nodiscard]] std::span<const std::uint8_t> block();
+    [[nodiscard]] std::span<const std::uint8_t> block() { return piece(buffer_.size()); }
+
+    // The next bytes, taken from what the buffer holds: `most` at the most, none at the end. They stand until the next
+    // read.
+    [[nodiscard]] std::span<const std::uint8_t> piece(std::size_t most);
+
+    // The next bytes, which stay to be read: `count`, fewer where the file ends. They stand until the next read.
+    [[nodiscard]] std::span<const std::uint8_t> peek(std::size_t count);
 
     // Whether a read has met the end of the file, or an error, which counts as the end; reaching the last byte alone
     // does not set it.
@@ -59,7 +69,6 @@ class TraceStream {
     void close();
 
  private:
-    void take(int descriptor, const char* name);
     bool fill();
     int refill() { return fill() ? *next_++ : END; }
     int skip_space();
