@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+#include "captures/frame.h"
+
+// What a capture holds at one place.
+struct Packet {
+    std::int64_t number = 0;        // counted from 1; in a text, of its line
+    Frame frame{};                  // its octets stand until the next packet is taken; here also none or too many
+    bool other = false;             // no frame of the D channel, and none that should be one
+    const char* trouble = nullptr;  // why there is no frame though there should be
+};
+
+// A capture read packet by packet.
+class CaptureReader {
+ public:
+    CaptureReader() = default;
+    virtual ~CaptureReader() = default;
+    CaptureReader(const CaptureReader&) = delete;
+    CaptureReader& operator=(const CaptureReader&) = delete;
+
+    // Takes the next packet; false at the end.
+    virtual bool next(Packet& packet) = 0;
+
+    // What its numbers count.
+    [[nodiscard]] virtual const char* unit() const { return "packet"; }
+};

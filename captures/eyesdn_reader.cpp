@@ -1,0 +1,81 @@
+#include "captures/eyesdn_reader.h"
+
+#include "captures/eyesdn.h"
+
+namespace {
+
+std::uint64_t big_endian(std::span<const std::uint8_t> octets) {
+    std::uint64_t number = 0;
+    for (const std::uint8_t octet : octets) {
+        number = number << 8U | octet;
+    }
+    return number;
+}
+
+// Seconds have 40 bits; those before 1970 are below 0.
+std::int64_t time_of(std::span<const std::uint8_t> header) {
+    const auto seconds = static_cast<std::int64_t>(big_endian(header.subspan(3, 5)) << 24U) >> 24U;
+    return seconds * MICROSECONDS + static_cast<std::int64_t>(big_endian(header.first(3)));
+}
+
+bool is_frame(std::uint8_t channel, unsigned protocol) {
+    return channel == 0 && (protocol == EYESDN_LAPD || protocol == EYESDN_DPNSS);
+}
+
+}  // namespace
+
+// The next octet of the record, or END where the record or the file ends.
+int EyesdnReader::octet() {
+    int octet = record_begun_ ? TraceStream::END : stream_.byte();
+    const bool escaped = octet == EYESDN_ESCAPE;
+    if (escaped) {
+        octet = stream_.byte();
+    }
+    if (octet == EYESDN_RECORD) {
+        record_begun_ = true;
+        return TraceStream::END;
+    }
+    return escaped && octet != TraceStream::END ? (octet + EYESDN_ESCAPED_BY) & 0xFF : octet;
+}
+
+bool EyesdnReader::read(std::span<std::uint8_t> octets) {
+    for (std::uint8_t& each : octets) {
+        const int next = octet();
+        if (next == TraceStream::END) {
+            return false;
+        }
+        each = static_cast<std::uint8_t>(next);
+    }
+    return true;
+}
+
+// Goes behind the octet that begins the next record. Whether it is the next one.
+bool EyesdnReader::find_record() {
+    bool skipped = false;
+    while (octet() != TraceStream::END) {
+        skipped = true;
+    }
+    return !skipped;
+}
+
+bool EyesdnReader::next(Packet& packet) {
+    packet = {.number = ++number_};
+    if (!find_record()) {
+        packet.trouble = "octets that belong to no record";
+        return true;
+    }
+    if (!record_begun_) {
+        return false;
+    }
+    record_begun_ = false;
+    std::array<std::uint8_t, EYESDN_HEADER_SIZE> header{};
+    const bool whole_header = read(header);
+    const std::span<std::uint8_t> octets(octets_.data(), big_endian(std::span(header).subspan(10)));
+    if (!whole_header || !read(octets)) {
+        packet.trouble = "the record is cut short";
+        return true;
+    }
+    packet.other = !is_frame(header[8], header[9] >> 1U);
+    packet.frame = {.when = time_of(header), .transmitted = (header[9] & 1U) != 0, .octets = octets};
+    return true;
+}

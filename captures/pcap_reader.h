@@ -1,0 +1,28 @@
+#pragma once
+
+#include <pcap/pcap.h>
+
+#include <memory>
+
+#include "captures/capture_reader.h"
+#include "driver/trace/trace_stream.h"
+
+// Reads a pcap or pcapng file of link type LINUX_LAPD (177) or LAPD (203). Frames are turned to be seen from the user
+// side; those of link type 203 get their direction from the C/R bit (Q.921 section 3.3.2).
+class PcapReader : public CaptureReader {
+ public:
+    // Reads the file's head. A file that is no capture, or one of another link type, ends the run with a message.
+    PcapReader(TraceStream& stream, const char* name);
+
+    bool next(Packet& packet) override;
+
+ private:
+    struct Close {
+        void operator()(pcap_t* pcap) const { pcap_close(pcap); }
+    };
+
+    std::unique_ptr<pcap_t, Close> pcap_;
+    int link_type_ = 0;
+    std::int64_t number_ = 0;
+    bool ended_ = false;
+};

@@ -1,0 +1,179 @@
+#include "captures/text_reader.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+
+namespace {
+
+constexpr std::string_view BLANKS = " \t\r\v\f";
+
+// What is left of a line. Each function takes something off its front, and says whether it was there.
+class Line {
+ public:
+    explicit Line(std::string_view text) : text_(text) {}
+
+    void blanks() { text_.remove_prefix(std::min(text_.find_first_not_of(BLANKS), text_.size())); }
+
+    bool character(char expected) {
+        const bool there = text_.starts_with(expected);
+        text_.remove_prefix(there ? 1 : 0);
+        return there;
+    }
+
+    std::string_view digits() {
+        const std::string_view front = text_.substr(0, text_.find_first_not_of("0123456789"));
+        text_.remove_prefix(front.size());
+        return front;
+    }
+
+    // A decimal number up to `most`.
+    bool number(std::int64_t& value, std::int64_t most) {
+        const std::string_view front = digits();
+        return std::from_chars(front.data(), front.data() + front.size(), value).ec == std::errc() && value <= most;
+    }
+
+    // Two hexadecimal digits.
+    bool octet(std::uint8_t& value) {
+        const std::string_view front = text_.substr(0, 2);
+        const char* const end = std::from_chars(front.data(), front.data() + front.size(), value, 16).ptr;
+        const bool there = end == front.data() + 2;
+        text_.remove_prefix(there ? 2 : 0);
+        return there;
+    }
+
+    [[nodiscard]] bool begins_with_digit() const { return !text_.empty() && text_[0] >= '0' && text_[0] <= '9'; }
+    [[nodiscard]] bool empty() const { return text_.empty(); }
+
+ private:
+    std::string_view text_;
+};
+
+// The digits behind a point, of which six count.
+std::int64_t fraction(Line& line) {
+    if (!line.character('.')) {
+        return 0;
+    }
+    const std::string_view digits = line.digits();
+    std::int64_t microseconds = 0;
+    for (std::size_t i = 0; i < 6; ++i) {
+        microseconds = 10 * microseconds + (i < digits.size() ? digits[i] - '0' : 0);
+    }
+    return microseconds;
+}
+
+// The rest of a date and time of day, from behind the year.
+bool date_and_time(Line& line, std::int64_t year, std::int64_t& seconds) {
+    std::int64_t month = 0;
+    std::int64_t day = 0;
+    std::int64_t hours = 0;
+    std::int64_t minutes = 0;
+    if (!line.number(month, 12) || !line.character('-') || !line.number(day, 31) || !line.character(' ')) {
+        return false;
+    }
+    line.blanks();
+    if (!line.number(hours, 23) || !line.character(':') || !line.number(minutes, 59) || !line.character(':') ||
+        !line.number(seconds, 60)) {
+        return false;
+    }
+    const std::chrono::year_month_day date(std::chrono::year(static_cast<int>(year)),
+                                           std::chrono::month(static_cast<unsigned>(month)),
+                                           std::chrono::day(static_cast<unsigned>(day)));
+    seconds +=
+        std::chrono::seconds(std::chrono::sys_days(date).time_since_epoch()).count() + 3600 * hours + 60 * minutes;
+    return date.ok() && year <= 9999;
+}
+
+// The time that a line may begin with; the last one stays when it begins with none.
+bool time(Line& line, std::int64_t& when) {
+    constexpr std::int64_t LATEST = std::int64_t{1} << 40U;
+    if (!line.begins_with_digit()) {
+        return true;
+    }
+    std::int64_t seconds = 0;
+    if (!line.number(seconds, LATEST) || (line.character('-') && !date_and_time(line, seconds, seconds))) {
+        return false;
+    }
+    when = seconds * MICROSECONDS + fraction(line);
+    return true;
+}
+
+// The number of the line that may stand behind the direction.
+bool line_number(Line& line, std::uint8_t& number) {
+    std::int64_t value = 0;
+    if (line.character('[') && (!line.number(value, 255) || !line.character(']'))) {
+        return false;
+    }
+    number = static_cast<std::uint8_t>(value);
+    return true;
+}
+
+// The octets that are left, as many as there is room for.
+bool octets(Line& line, std::span<std::uint8_t> room, std::size_t& count) {
+    for (count = 0; count < room.size() && !line.empty(); ++count) {
+        if (!line.octet(room[count])) {
+            return false;
+        }
+        line.blanks();
+    }
+    return true;
+}
+
+}  // namespace
+
+// Takes the next line; false at the end of the text.
+bool TextReader::take_line() {
+    int character = stream_.byte();
+    if (character == TraceStream::END) {
+        return false;
+    }
+    for (length_ = 0; character != '\n' && character != TraceStream::END; character = stream_.byte()) {
+        if (length_ < line_.size()) {
+            line_[length_] = static_cast<char>(character);
+        }
+        ++length_;
+    }
+    ++number_;
+    return true;
+}
+
+// Takes a line apart; false when it is not as it should be.
+bool TextReader::read_frame(std::string_view text, Frame& frame) {
+    Line line(text);
+    if (!time(line, when_)) {
+        return false;
+    }
+    line.blanks();
+    frame.when = when_;
+    frame.transmitted = line.character('T');
+    if (!frame.transmitted && !line.character('R')) {
+        return false;
+    }
+    line.blanks();
+    if (!line_number(line, frame.line)) {
+        return false;
+    }
+    line.blanks();
+    std::size_t count = 0;
+    const bool good = octets(line, octets_, count);
+    frame.octets = std::span(octets_).first(count);
+    return good;
+}
+
+bool TextReader::next(Packet& packet) {
+    while (take_line()) {
+        const std::string_view whole(line_.data(), std::min(length_, line_.size()));
+        const std::string_view text = whole.substr(0, whole.find('#'));
+        if (text.find_first_not_of(BLANKS) == std::string_view::npos) {
+            continue;
+        }
+        packet = {.number = number_};
+        if (text.size() == line_.size() && length_ > line_.size()) {
+            packet.trouble = "longer than 4096 characters";
+        } else if (!read_frame(text.substr(text.find_first_not_of(BLANKS)), packet.frame)) {
+            packet.trouble = "not of the form [TIME] R|T [LINE] OCTETS";
+        }
+        return true;
+    }
+    return false;
+}

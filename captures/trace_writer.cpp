@@ -1,0 +1,122 @@
+#include "captures/trace_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <limits>
+
+#include "driver/trace/clock.h"
+#include "driver/trace/format.h"
+#include "report/lines.h"
+#include "report/state.h"
+
+namespace {
+
+constexpr std::uint8_t TICKS_RESOLUTION = 1;
+
+bool has_time_stamps(std::uint8_t protocol) {
+    return protocol != PRI_DASS2 && protocol != PRI_DPNSS_A && protocol != PRI_DPNSS_B;
+}
+
+// Rounds down, before the start too.
+std::int64_t divide(std::int64_t time, std::int64_t unit) { return time / unit - (time % unit < 0 ? 1 : 0); }
+
+// Puts the low octets of a number, low octet first.
+void set_little_endian(std::span<std::uint8_t> octets, std::uint32_t number) {
+    for (std::uint8_t& octet : octets) {
+        octet = static_cast<std::uint8_t>(number);
+        number >>= 8U;
+    }
+}
+
+}  // namespace
+
+TraceWriter::TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text)
+    : trace_(trace), protocol_(protocol), hex_text_(hex_text), time_stamps_(has_time_stamps(protocol)) {}
+
+// The header, the protocol code and the tick resolution.
+void TraceWriter::write_head(std::int64_t when) {
+    constexpr std::int64_t EARLIEST = std::numeric_limits<std::int32_t>::min() * MICROSECONDS;
+    constexpr std::int64_t LATEST = (std::numeric_limits<std::int32_t>::max() + std::int64_t{1}) * MICROSECONDS - 1;
+    const std::int64_t start = std::clamp(when, EARLIEST, LATEST);
+    const std::uint32_t milliseconds = microseconds_of(start) / 1000;
+    start_ = seconds_of(start) * MICROSECONDS + std::int64_t{milliseconds} * 1000;
+    std::array<std::uint8_t, TRACE_HEADER_SIZE> header{};
+    set_little_endian(std::span(header).subspan(0, 4), static_cast<std::uint32_t>(seconds_of(start)));
+    set_little_endian(std::span(header).subspan(4, 2), milliseconds);
+    write_raw(header);
+    write_line(std::array<std::uint8_t, 2>{protocol_, TICKS_RESOLUTION});
+}
+
+// The ticks from the start to a time, rounded down.
+std::uint32_t TraceWriter::tick_of(std::int64_t when) {
+    const std::int64_t wanted = divide(when - start_, TICKS_RESOLUTION * TICK_MS * 1000);
+    const std::int64_t tick = std::clamp(wanted, EARLIEST_TICKS, LATEST_TICKS);
+    clamped_ += tick != wanted ? 1 : 0;
+    return static_cast<std::uint32_t>(tick);
+}
+
+void TraceWriter::write(const Frame& frame) {
+    if (!begun_) {
+        write_head(frame.when);
+    }
+    const std::uint32_t tick = tick_of(frame.when);
+    if (time_stamps_ && !begun_) {
+        write_time_stamp(0);
+    }
+    if (time_stamps_ && (!begun_ || tick != last_tick_)) {
+        write_time_stamp(tick);
+    }
+    last_tick_ = tick;
+    begun_ = true;
+    write_record(frame.transmitted ? TRANSMIT_MARKER : RECEIVE_MARKER, frame.line, frame.octets);
+}
+
+void TraceWriter::finish() {
+    if (!begun_) {
+        write_head(0);
+    }
+}
+
+void TraceWriter::write_time_stamp(std::uint32_t tick) {
+    std::array<std::uint8_t, 4> data{};
+    set_little_endian(data, tick);
+    write_record(TIME_STAMP_MARKER, 0, data);
+}
+
+void TraceWriter::write_record(std::int32_t marker, std::uint8_t line, std::span<const std::uint8_t> data) {
+    std::array<std::uint8_t, LONGEST_RECORD> record;
+    auto end = record.begin();
+    *end++ = static_cast<std::uint8_t>(marker);
+    if (protocol_ >= BASIC_RATE_FROM) {
+        *end++ = line;
+    }
+    *end++ = static_cast<std::uint8_t>(data.size());
+    end = std::ranges::copy(data, end).out;
+    write_line({record.begin(), end});
+}
+
+void TraceWriter::write_raw(std::span<const std::uint8_t> bytes) {
+    trace_.filled(std::ranges::copy(bytes, trace_.room()).out);
+}
+
+// Writes bytes in the trace's kind; in hex text a line of their own.
+void TraceWriter::write_line(std::span<const std::uint8_t> bytes) {
+    if (!hex_text_) {
+        write_raw(bytes);
+        return;
+    }
+    constexpr std::size_t PIECE = OutputStream::LONGEST_PIECE / 3;
+    while (!bytes.empty()) {
+        const auto piece = bytes.first(std::min(bytes.size(), PIECE));
+        bytes = bytes.subspan(piece.size());
+        char* at = trace_.room();
+        for (const std::uint8_t byte : piece) {
+            std::memcpy(at, hex_pair(byte), 2);
+            at[2] = ' ';
+            at += 3;
+        }
+        at[-1] = bytes.empty() ? '\n' : ' ';
+        trace_.filled(at);
+    }
+}
