@@ -6,14 +6,20 @@
 
 namespace {
 
-constexpr std::string_view BLANKS = " \t\r\v\f";
+bool is_blank(char character) { return character == ' ' || (character >= '\t' && character <= '\r'); }
+
+bool is_digit(char character) { return character >= '0' && character <= '9'; }
 
 // What is left of a line. Each function takes something off its front, and says whether it was there.
 class Line {
  public:
     explicit Line(std::string_view text) : text_(text) {}
 
-    void blanks() { text_.remove_prefix(std::min(text_.find_first_not_of(BLANKS), text_.size())); }
+    void blanks() {
+        while (!text_.empty() && is_blank(text_.front())) {
+            text_.remove_prefix(1);
+        }
+    }
 
     bool character(char expected) {
         const bool there = text_.starts_with(expected);
@@ -22,7 +28,8 @@ class Line {
     }
 
     std::string_view digits() {
-        const std::string_view front = text_.substr(0, text_.find_first_not_of("0123456789"));
+        const auto end = std::ranges::find_if_not(text_, is_digit);
+        const std::string_view front(text_.begin(), end);
         text_.remove_prefix(front.size());
         return front;
     }
@@ -42,7 +49,7 @@ class Line {
         return there;
     }
 
-    [[nodiscard]] bool begins_with_digit() const { return !text_.empty() && text_[0] >= '0' && text_[0] <= '9'; }
+    [[nodiscard]] bool begins_with_digit() const { return !text_.empty() && is_digit(text_.front()); }
     [[nodiscard]] bool empty() const { return text_.empty(); }
 
  private:
@@ -140,6 +147,7 @@ bool TextReader::take_line() {
 // Takes a line apart; false when it is not as it should be.
 bool TextReader::read_frame(std::string_view text, Frame& frame) {
     Line line(text);
+    line.blanks();
     if (!time(line, when_)) {
         return false;
     }
@@ -164,13 +172,13 @@ bool TextReader::next(Packet& packet) {
     while (take_line()) {
         const std::string_view whole(line_.data(), std::min(length_, line_.size()));
         const std::string_view text = whole.substr(0, whole.find('#'));
-        if (text.find_first_not_of(BLANKS) == std::string_view::npos) {
+        if (std::ranges::all_of(text, is_blank)) {
             continue;
         }
         packet = {.number = number_};
         if (text.size() == line_.size() && length_ > line_.size()) {
             packet.trouble = "longer than 4096 characters";
-        } else if (!read_frame(text.substr(text.find_first_not_of(BLANKS)), packet.frame)) {
+        } else if (!read_frame(text, packet.frame)) {
             packet.trouble = "not of the form [TIME] R|T [LINE] OCTETS";
         }
         return true;
