@@ -1,6 +1,5 @@
 #include "driver/files.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -48,14 +47,6 @@ void open_report() {
 }
 
 }  // namespace
-
-void open_closed_streams() {
-    for (int descriptor = 0; descriptor <= STDERR_FILENO; ++descriptor) {
-        if (::fcntl(descriptor, F_GETFD) < 0) {
-            ::open("/dev/null", O_RDWR);  // takes the lowest free number, this one
-        }
-    }
-}
 
 void open_trace() { static_cast<void>(ifp.open(Parameter.Source)); }
 

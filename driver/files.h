@@ -3,10 +3,6 @@
 // The files that the command line names. Each function ends the run with its message and status 1 when a file cannot
 // be used.
 
-// Opens /dev/null on those of descriptors 0 to 2 that are closed, so that no file of the run takes the place of the
-// terminal. To be called before anything else is opened.
-void open_closed_streams();
-
 // Opens the trace, if that can be; open_files() tells when it is not.
 void open_trace();
 

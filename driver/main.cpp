@@ -1,4 +1,3 @@
-#include <csignal>
 #include <cstdio>
 
 #include "driver/command_line.h"
@@ -8,6 +7,7 @@
 #include "driver/trace/protocol.h"
 #include "driver/trace/trace_reader.h"
 #include "driver/trace/trace_stream.h"
+#include "report/file_access.h"
 #include "report/lines.h"
 #include "report/run_end.h"
 #include "report/state.h"
@@ -28,12 +28,6 @@ void open_binary_trace() {
     std::fputs("BINARY TRACE \n", stdout);
 }
 
-// Makes a report that cannot be written on (nobody reads the pipe, the file may not grow) an error like any other.
-void ignore_write_signals() {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
-}
-
 // Names the protocol in the report and on the terminal.
 void show_protocol(const Protocol& protocol) {
     text(BRItrace != 0 ? "BRI " : "PROTOCOL TYPE                 : PRI ");
@@ -42,8 +36,7 @@ void show_protocol(const Protocol& protocol) {
 }
 
 void start_run(int argc, char** argv) {
-    open_closed_streams();
-    ignore_write_signals();
+    prepare_streams();
     reset_state();
     reset_reader();
     read_command_line(argc, argv);

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <string>
 
 namespace {
@@ -50,6 +51,16 @@ void protect_from_group(int descriptor, int source) {
 }
 
 }  // namespace
+
+void prepare_streams() {
+    for (int descriptor = 0; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (::fcntl(descriptor, F_GETFD) < 0) {
+            ::open("/dev/null", O_RDWR);  // takes the lowest free number, this one
+        }
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
 
 int open_for_reading(const char* name) {
     if (is_fifo(name)) {

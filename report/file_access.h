@@ -2,6 +2,11 @@
 
 #include <cstddef>
 
+// To be called before any file is opened: gives a standard stream that is closed the null device, so that no other file
+// is taken for it, and makes a file that cannot be written on (nobody reads the pipe, the file may not grow) an error
+// like any other.
+void prepare_streams();
+
 // Opens a file for reading. -1 when that fails, for a folder, and for a FIFO, which is not touched: closing it would
 // end its writer.
 int open_for_reading(const char* name);
