@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -16,6 +15,7 @@
 #include "driver/trace/hex_text.h"
 #include "driver/trace/protocol.h"
 #include "driver/trace/trace_stream.h"
+#include "report/file_access.h"
 #include "report/lines.h"
 #include "report/run_end.h"
 
@@ -60,25 +60,23 @@ void read_as_hex_text() {
     std::fclose(file);
     hex_text.attach(descriptor, "the temporary file");
     write_hex_text(ifp, hex_text);
-    if (!hex_text.flush() || ::lseek(descriptor, 0, SEEK_SET) != 0) {
+    if (!hex_text.flush() || !ifp.open(descriptor, hex_text.name())) {
         fail("could not write all of the temporary file");
     }
-    ifp.open(descriptor);
 }
 
-// Reads the trace up to its first record.
-void read_head(bool hex_trace) {
-    std::array<std::uint8_t, TRACE_HEADER_SIZE> header{};
-    for (std::uint8_t& octet : header) {
-        const int byte = ifp.byte();
-        octet = byte == TraceStream::END ? 0 : static_cast<std::uint8_t>(byte);
+// Opens the trace and reads it up to its first record. Gives a descriptor of it that stays open.
+int open_trace(const char* name, bool hex_trace) {
+    if (!ifp.open(name) || !ifp.seek(TRACE_HEADER_SIZE) || !read_header(ifp.descriptor())) {
+        fail(std::string("cannot read ") + name + ": it must be a file, and one that may be read");
     }
-    Timeb = trace_header(header);
+    const int trace = ::dup(ifp.descriptor());
     if (!hex_trace) {
         read_as_hex_text();
     }
     read_protocol();
     read_ticks_resolution();
+    return trace;
 }
 
 void write_frames() {
@@ -92,8 +90,8 @@ void write_frames() {
 
 // Closes the capture, tells what is in it, and exits.
 [[noreturn]] void finish(int status) {
-    if (ifp.failed()) {
-        say("could not read all of the trace");
+    if (ifp.failed() != nullptr) {
+        say(std::string("could not read all of ") + ifp.failed());
         status = EXIT_FAILURE;
     }
     close_target(capture);
@@ -111,15 +109,13 @@ void end_run(int status) {
 }
 
 int main(int argc, char** argv) {
+    prepare_streams();
     const CommandLine command = read_command_line(argc, argv);
-    ignore_write_signals();
     reset_state();
     reset_reader();
     ofp.attach(STDERR_FILENO, "standard error");
-    const int source = open_source(command.trace);  // stays open, for the capture must not be the same file
-    ifp.open(::dup(source));
-    read_head(command.hex_trace);
-    create_target(capture, command.capture, source);
+    const int trace = open_trace(command.trace, command.hex_trace);
+    create_target(capture, command.capture, trace);
     write_frames();
     finish(EXIT_SUCCESS);
 }

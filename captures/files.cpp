@@ -3,8 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <csignal>
 #include <string>
 #include <string_view>
 
@@ -17,27 +15,21 @@ bool is_standard(const char* name) { return std::string_view(name) == "-"; }
 
 }  // namespace
 
-void ignore_write_signals() {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
-}
-
-int open_source(const char* name) {
+void open_source(TraceStream& source, const char* name) {
     const int descriptor = is_standard(name) ? STDIN_FILENO : ::open(name, O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) {
         fail_with_reason(std::string("cannot open ") + name);
     }
-    return descriptor;
+    source.take(descriptor, name);
 }
 
 void create_target(OutputStream& target, const char* name, int source) {
-    errno = 0;
     const int descriptor = is_standard(name) ? STDOUT_FILENO : create_output(name, source);
-    if (descriptor < 0 && errno != 0) {
-        fail_with_reason(std::string("cannot write ") + name);
+    if (descriptor == OUTPUT_REFUSED) {
+        fail(std::string("cannot write ") + name + ": this run reads it, or has it as standard output or error");
     }
     if (descriptor < 0) {
-        fail(std::string("cannot write ") + name + ": it is the file that is read");
+        fail_with_reason(std::string("cannot write ") + name);
     }
     target.attach(descriptor, name);
 }

@@ -6,13 +6,11 @@
 // The files that the command line names, "-" for standard input or output. Each function ends the run with a message
 // and status 1 when a file cannot be used.
 
-// Makes a file that cannot be written on (nobody reads the pipe, the file may not grow) an error like any other.
-void ignore_write_signals();
-
 // Opens a file for reading, and waits for a pipe's writer.
-int open_source(const char* name);
+void open_source(TraceStream& source, const char* name);
 
-// Creates a file, or empties it, which must not be the one open as `source`; the stream is to write into it.
+// Creates a file, or empties it, which must not be the one open as `source` (create_output); the stream is to write
+// into it.
 void create_target(OutputStream& target, const char* name, int source);
 
 // Writes out what the stream still holds, and closes it.

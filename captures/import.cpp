@@ -19,6 +19,7 @@
 #include "captures/trace_writer.h"
 #include "driver/trace/format.h"
 #include "driver/trace/trace_stream.h"
+#include "report/file_access.h"
 #include "report/run_end.h"
 #include "report/state.h"
 
@@ -106,7 +107,7 @@ std::unique_ptr<CaptureReader> reader_for(TraceStream& stream, const char* name)
         fail(std::string(name) + " is no capture: it is empty");
     }
     if (head.starts_with(EYESDN_NAME)) {
-        static_cast<void>(stream.take(EYESDN_NAME.size()));
+        static_cast<void>(stream.piece(EYESDN_NAME.size()));
         return std::make_unique<EyesdnReader>(stream);
     }
     if (is_text(head)) {
@@ -153,12 +154,11 @@ OutputStream trace;
 }  // namespace
 
 int main(int argc, char** argv) {
+    prepare_streams();
     const CommandLine command = read_command_line(argc, argv);
-    ignore_write_signals();
-    const int descriptor = open_source(command.capture);
-    source.open(descriptor);
+    open_source(source, command.capture);
     const auto reader = reader_for(source, command.capture);
-    create_target(trace, command.trace, descriptor);
+    create_target(trace, command.trace, source.descriptor());
     TraceWriter writer(trace, static_cast<std::uint8_t>(command.protocol), command.hex_trace);
     Counts counts;
     convert(*reader, writer, trace, counts);
@@ -169,7 +169,7 @@ int main(int argc, char** argv) {
     if (writer.clamped() != 0) {
         say(std::to_string(writer.clamped()) + " frames have the nearest time that a trace can hold, not their own");
     }
-    if (source.failed()) {
+    if (source.failed() != nullptr) {
         fail("could not read all of " + std::string(command.capture));
     }
     return counts.unusable == 0 && writer.clamped() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;

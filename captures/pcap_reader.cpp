@@ -14,7 +14,7 @@ namespace {
 // The rest of the stream as a file of stdio, which libpcap reads from.
 std::FILE* file_of(TraceStream& stream) {
     const cookie_io_functions_t functions{.read = [](void* cookie, char* buffer, std::size_t size) -> ssize_t {
-                                              const auto octets = static_cast<TraceStream*>(cookie)->take(size);
+                                              const auto octets = static_cast<TraceStream*>(cookie)->piece(size);
                                               std::ranges::copy(octets, buffer);
                                               return static_cast<ssize_t>(octets.size());
                                           },
