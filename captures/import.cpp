@@ -103,6 +103,9 @@ bool is_text(std::string_view head) {
 std::unique_ptr<CaptureReader> reader_for(TraceStream& stream, const char* name) {
     const auto octets = stream.peek(8);
     const std::string head(octets.begin(), octets.end());
+    if (stream.failed() != nullptr) {
+        fail_with_reason(std::string("cannot read ") + name);
+    }
     if (head.empty()) {
         fail(std::string(name) + " is no capture: it is empty");
     }

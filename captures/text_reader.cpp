@@ -94,6 +94,7 @@ bool date_and_time(Line& line, std::int64_t year, std::int64_t& seconds) {
 // The time that a line may begin with; the last one stays when it begins with none.
 bool time(Line& line, std::int64_t& when) {
     constexpr std::int64_t LATEST = std::int64_t{1} << 40U;
+    line.blanks();
     if (!line.begins_with_digit()) {
         return true;
     }
@@ -105,9 +106,17 @@ bool time(Line& line, std::int64_t& when) {
     return true;
 }
 
+// The direction.
+bool direction(Line& line, bool& transmitted) {
+    line.blanks();
+    transmitted = line.character('T');
+    return transmitted || line.character('R');
+}
+
 // The number of the line that may stand behind the direction.
 bool line_number(Line& line, std::uint8_t& number) {
     std::int64_t value = 0;
+    line.blanks();
     if (line.character('[') && (!line.number(value, 255) || !line.character(']'))) {
         return false;
     }
@@ -117,6 +126,7 @@ bool line_number(Line& line, std::uint8_t& number) {
 
 // The octets that are left, as many as there is room for.
 bool octets(Line& line, std::span<std::uint8_t> room, std::size_t& count) {
+    line.blanks();
     for (count = 0; count < room.size() && !line.empty(); ++count) {
         if (!line.octet(room[count])) {
             return false;
@@ -147,24 +157,14 @@ bool TextReader::take_line() {
 // Takes a line apart; false when it is not as it should be.
 bool TextReader::read_frame(std::string_view text, Frame& frame) {
     Line line(text);
-    line.blanks();
-    if (!time(line, when_)) {
-        return false;
-    }
-    line.blanks();
-    frame.when = when_;
-    frame.transmitted = line.character('T');
-    if (!frame.transmitted && !line.character('R')) {
-        return false;
-    }
-    line.blanks();
-    if (!line_number(line, frame.line)) {
-        return false;
-    }
-    line.blanks();
     std::size_t count = 0;
-    const bool good = octets(line, octets_, count);
+    frame.when = when_;
+    const bool good = time(line, frame.when) && direction(line, frame.transmitted) && line_number(line, frame.line) &&
+                      octets(line, octets_, count);
     frame.octets = std::span(octets_).first(count);
+    if (good) {
+        when_ = frame.when;
+    }
     return good;
 }
 
@@ -172,11 +172,12 @@ bool TextReader::next(Packet& packet) {
     while (take_line()) {
         const std::string_view whole(line_.data(), std::min(length_, line_.size()));
         const std::string_view text = whole.substr(0, whole.find('#'));
-        if (std::ranges::all_of(text, is_blank)) {
+        const bool too_long = text.size() == line_.size() && length_ > line_.size();
+        if (!too_long && std::ranges::all_of(text, is_blank)) {
             continue;
         }
         packet = {.number = number_};
-        if (text.size() == line_.size() && length_ > line_.size()) {
+        if (too_long) {
             packet.trouble = "longer than 4096 characters";
         } else if (!read_frame(text, packet.frame)) {
             packet.trouble = "not of the form [TIME] R|T [LINE] OCTETS";
