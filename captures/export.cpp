@@ -1,10 +1,12 @@
 // quandrix-export: the frames of a trace as a capture, a pcap file or, of DASS2 and DPNSS, an EyeSDN file.
 
+#include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "captures/eyesdn_writer.h"
 #include "captures/files.h"
@@ -49,15 +51,22 @@ CommandLine read_command_line(int argc, char** argv) {
     return command;
 }
 
-// Turns the rest of the binary trace `ifp` into hex text in a file without a name, and opens that instead.
+// A file that goes when it is closed: its name is taken away at once.
+int create_temporary_file() {
+    std::error_code none;
+    std::string name = std::filesystem::temp_directory_path(none) / "quandrix-XXXXXX";
+    const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
+    if (descriptor < 0) {
+        fail_with_reason("cannot create " + name);
+    }
+    ::unlink(name.c_str());
+    return descriptor;
+}
+
+// Turns the rest of the binary trace `ifp` into hex text in a temporary file, and opens that instead.
 void read_as_hex_text() {
     static OutputStream hex_text;
-    std::FILE* const file = std::tmpfile();
-    if (file == nullptr) {
-        fail_with_reason("cannot create a temporary file");
-    }
-    const int descriptor = ::dup(::fileno(file));
-    std::fclose(file);
+    const int descriptor = create_temporary_file();
     hex_text.attach(descriptor, "the temporary file");
     write_hex_text(ifp, hex_text);
     if (!hex_text.flush() || !ifp.open(descriptor, hex_text.name())) {

@@ -28,7 +28,7 @@ class Line {
     }
 
     std::string_view digits() {
-        const auto end = std::ranges::find_if_not(text_, is_digit);
+        const auto* const end = std::ranges::find_if_not(text_, is_digit);
         const std::string_view front(text_.begin(), end);
         text_.remove_prefix(front.size());
         return front;

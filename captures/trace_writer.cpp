@@ -13,6 +13,7 @@
 namespace {
 
 constexpr std::uint8_t TICKS_RESOLUTION = 1;
+constexpr std::int64_t TICK = 1000 * TICKS_RESOLUTION * TICK_MS;  // in microseconds
 
 bool has_time_stamps(std::uint8_t protocol) {
     return protocol != PRI_DASS2 && protocol != PRI_DPNSS_A && protocol != PRI_DPNSS_B;
@@ -46,11 +47,25 @@ void TraceWriter::write_head(std::int64_t when) {
     set_little_endian(std::span(header).subspan(4, 2), milliseconds);
     write_raw(header);
     write_line(std::array<std::uint8_t, 2>{protocol_, TICKS_RESOLUTION});
+    clamped_ += !time_stamps_ && start != when ? 1 : 0;
+    begun_ = true;
+}
+
+// What the next frame needs in front of it to have that time.
+void TraceWriter::write_time(std::int64_t when) {
+    const std::uint32_t tick = tick_of(when);
+    if (!last_tick_) {
+        write_time_stamp(0);
+    }
+    if (last_tick_ != tick) {
+        write_time_stamp(tick);
+    }
+    last_tick_ = tick;
 }
 
 // The ticks from the start to a time, rounded down.
 std::uint32_t TraceWriter::tick_of(std::int64_t when) {
-    const std::int64_t wanted = divide(when - start_, TICKS_RESOLUTION * TICK_MS * 1000);
+    const std::int64_t wanted = divide(when - start_, TICK);
     const std::int64_t tick = std::clamp(wanted, EARLIEST_TICKS, LATEST_TICKS);
     clamped_ += tick != wanted ? 1 : 0;
     return static_cast<std::uint32_t>(tick);
@@ -60,15 +75,9 @@ void TraceWriter::write(const Frame& frame) {
     if (!begun_) {
         write_head(frame.when);
     }
-    const std::uint32_t tick = tick_of(frame.when);
-    if (time_stamps_ && !begun_) {
-        write_time_stamp(0);
+    if (time_stamps_) {
+        write_time(frame.when);
     }
-    if (time_stamps_ && (!begun_ || tick != last_tick_)) {
-        write_time_stamp(tick);
-    }
-    last_tick_ = tick;
-    begun_ = true;
     write_record(frame.transmitted ? TRANSMIT_MARKER : RECEIVE_MARKER, frame.line, frame.octets);
 }
 
@@ -86,7 +95,7 @@ void TraceWriter::write_time_stamp(std::uint32_t tick) {
 
 void TraceWriter::write_record(std::int32_t marker, std::uint8_t line, std::span<const std::uint8_t> data) {
     std::array<std::uint8_t, LONGEST_RECORD> record;
-    auto end = record.begin();
+    auto* end = record.begin();
     *end++ = static_cast<std::uint8_t>(marker);
     if (protocol_ >= BASIC_RATE_FROM) {
         *end++ = line;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "captures/frame.h"
@@ -25,6 +26,7 @@ class TraceWriter {
  private:
     void write_head(std::int64_t when);
     std::uint32_t tick_of(std::int64_t when);
+    void write_time(std::int64_t when);
     void write_time_stamp(std::uint32_t tick);
     void write_record(std::int32_t marker, std::uint8_t line, std::span<const std::uint8_t> data);
     void write_line(std::span<const std::uint8_t> bytes);
@@ -36,6 +38,6 @@ class TraceWriter {
     const bool time_stamps_;
     bool begun_ = false;
     std::int64_t start_ = 0;  // of the trace, as its header says it
-    std::uint32_t last_tick_ = 0;
+    std::optional<std::uint32_t> last_tick_;
     std::int64_t clamped_ = 0;
 };

@@ -9,7 +9,11 @@ Folder::Outcome run(const Folder& folder, const std::string& commands) {
 }
 
 std::string little_endian(unsigned number) {
-    return {reinterpret_cast<const char*>(&number), sizeof number};  // the tests run where the programs do
+    std::string bytes;
+    for (unsigned shift = 0; shift < 32; shift += 8) {
+        bytes.push_back(static_cast<char>(number >> shift));
+    }
+    return bytes;
 }
 
 std::string pcap_head(unsigned link_type) {
@@ -30,7 +34,11 @@ std::string lapd(const std::string& type, const std::string& address, const std:
 }
 
 std::string repeated(const std::string& text, unsigned count) {
-    return count == 0 ? "" : text + repeated(text, count - 1);
+    std::string result;
+    for (; count > 0; --count) {
+        result += text;
+    }
+    return result;
 }
 
 // Imports a capture, and expects the trace's header, its text behind that, and what is said.
@@ -228,7 +236,7 @@ TEST(Captures, WayThereAndBack) {
     // first one in stamps, debug and damage alone.
     const Folder folder;
     const Folder::Outcome outcome = run(folder, R"(
-lines() { grep -vE '^ *$|Time Stamp :|TRACE START TIME|DEBUG|line 1 in sync|CORRUPT DATA|ERROR ABORT|^([0-9A-F]{2} )+$' | sed 's/^ *T/T/'; }
+lines() { grep -vE '^ *$|Time Stamp :|TRACE START TIME|DEBUG|line 1 in sync|clock sync|CORRUPT DATA|ERROR ABORT|^([0-9A-F]{2} )+$' | sed 's/^ *T/T/'; }
 for sample in )" SAMPLES R"(/*.hex )" SAMPLES R"(/*.bin; do
     case $sample in *.hex) kind=-d code=$(tail -c +11 $sample | head -c 2);;
                     *) kind= code=$(tail -c +11 $sample | head -c 1 | od -A n -t x1);; esac
