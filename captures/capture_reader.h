@@ -12,6 +12,9 @@ struct Packet {
     const char* trouble = nullptr;  // why there is no frame though there should be
 };
 
+// Why a packet cannot become a record; null when it can, or need not.
+const char* trouble_of(const Packet& packet);
+
 // A capture read packet by packet.
 class CaptureReader {
  public:

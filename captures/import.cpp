@@ -17,7 +17,6 @@
 #include "captures/pcap_reader.h"
 #include "captures/text_reader.h"
 #include "captures/trace_writer.h"
-#include "driver/trace/format.h"
 #include "driver/trace/trace_stream.h"
 #include "report/file_access.h"
 #include "report/run_end.h"
@@ -119,14 +118,6 @@ std::unique_ptr<CaptureReader> reader_for(TraceStream& stream, const char* name)
     return std::make_unique<PcapReader>(stream, name);
 }
 
-// Why a frame does not fit into a record; null when it does.
-const char* misfit(const Frame& frame) {
-    if (frame.octets.empty()) {
-        return "a frame of no octets";
-    }
-    return frame.octets.size() > LONGEST_DATA ? "a frame of more than 255 octets" : nullptr;
-}
-
 struct Counts {
     std::int64_t packets = 0;
     std::int64_t frames = 0;
@@ -137,7 +128,7 @@ struct Counts {
 void convert(CaptureReader& reader, TraceWriter& writer, const OutputStream& trace, Counts& counts) {
     for (Packet packet; !trace.lost() && reader.next(packet);) {
         ++counts.packets;
-        const char* const trouble = packet.trouble != nullptr || packet.other ? packet.trouble : misfit(packet.frame);
+        const char* const trouble = trouble_of(packet);
         if (trouble != nullptr) {
             ++counts.unusable;
             say(reader.unit() + (" " + std::to_string(packet.number)) + " is left out: " + trouble);

@@ -1,0 +1,84 @@
+// The ways between traces and captures that the project reads itself, on one input a call, for libFuzzer.
+//
+// An input is a protocol code, a kind octet, and what is read: of kind 0 the text of a trace from its records on, which
+// is exported; of kind 1 the records of an EyeSDN file, of any other kind a text, which are imported.
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "captures/eyesdn_reader.h"
+#include "captures/eyesdn_writer.h"
+#include "captures/messages.h"
+#include "captures/pcap_writer.h"
+#include "captures/text_reader.h"
+#include "captures/trace_frames.h"
+#include "captures/trace_writer.h"
+#include "driver/trace/format.h"
+#include "driver/trace/trace_reader.h"
+#include "driver/trace/trace_stream.h"
+#include "report/run_end.h"
+#include "report/state.h"
+
+const char* const PROGRAM_NAME = "captures_target";
+
+namespace {
+
+struct RunEnd {};
+
+OutputStream target;  // for nobody to read
+
+void export_trace(std::uint8_t protocol) {
+    BRItrace = protocol >= BASIC_RATE_FROM ? 1 : 0;
+    Ticks_resolution = protocol;
+    TraceFrames frames;
+    for (Frame frame; frames.next(frame);) {
+        write_pcap_frame(frame, target);
+        write_eyesdn_frame(frame, target);
+    }
+}
+
+void import_capture(CaptureReader& reader, std::uint8_t protocol) {
+    TraceWriter hex(target, protocol, true);
+    TraceWriter binary(target, protocol, false);
+    for (Packet packet; reader.next(packet);) {
+        if (trouble_of(packet) == nullptr && !packet.other) {
+            hex.write(packet.frame);
+            binary.write(packet.frame);
+        }
+    }
+}
+
+void convert(std::uint8_t protocol, std::uint8_t kind) {
+    if (kind == 0) {
+        export_trace(protocol);
+    } else if (kind == 1) {
+        EyesdnReader reader(ifp);
+        import_capture(reader, protocol);
+    } else {
+        TextReader reader(ifp);
+        import_capture(reader, protocol);
+    }
+}
+
+}  // namespace
+
+// In the place of the programs' own: the process goes on with the next input.
+void end_run(int /*status*/) { throw RunEnd(); }
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 2) {
+        return 0;
+    }
+    reset_state();
+    reset_reader();
+    target.attach(-1, "target");
+    ofp.attach(-1, "report");
+    ifp.open({data + 2, size - 2});
+    try {
+        convert(data[0], data[1]);
+    } catch (const RunEnd&) {
+        // Most traces end in the middle of a record.
+    }
+    return 0;
+}
