@@ -1,13 +1,30 @@
-# The Debian package: `cmake --workflow --preset package` writes it into build/package.
-set(QUANDRIX_MAINTAINER "QUANDRIX maintainers <maintainers@example.org>" CACHE STRING "Maintainer of the package")
+# The Debian packages: `cmake --workflow --preset package` writes them into build/package, the second one with what
+# QUANDRIX_CAPTURES builds.
+set(QUANDRIX_MAINTAINER "QUANDRIX maintainers <maintainers@example.org>" CACHE STRING "Maintainer of the packages")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "${QUANDRIX_MAINTAINER}")
-set(CPACK_PACKAGE_DESCRIPTION_FILE ${CMAKE_CURRENT_LIST_DIR}/description.txt)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION comm)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # it would stand in front of each package's own
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_documents.cmake)
+
+# package COMPONENT NAME DESCRIPTION: what is installed as that component becomes a package; its description is a file
+# whose first line is the short one.
+macro(package component name description)
+  string(TOUPPER ${component} upper)
+  file(READ ${CMAKE_CURRENT_LIST_DIR}/${description} CPACK_DEBIAN_${upper}_DESCRIPTION)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
+  list(APPEND CPACK_COMPONENTS_ALL ${component})
+endmacro()
+
+package(quandrix quandrix description.txt)
+if(QUANDRIX_CAPTURES)
+  package(captures quandrix-captures captures.txt)
+  set(CPACK_DEBIAN_CAPTURES_PACKAGE_RECOMMENDS quandrix)
+endif()
 include(CPack)
