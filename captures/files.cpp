@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "captures/messages.h"
-#include "report/file_access.h"
+#include "report/output_file.h"
 
 namespace {
 

@@ -11,6 +11,7 @@
 #include "driver/trace/format.h"
 #include "driver/trace/trace_stream.h"
 #include "report/file_access.h"
+#include "report/output_file.h"
 #include "report/run_end.h"
 #include "report/state.h"
 

@@ -1,14 +1,12 @@
 #include "driver/temporary_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 
 #include "driver/trace/hex_text.h"
 #include "driver/trace/trace_stream.h"
 #include "report/file_access.h"
+#include "report/output_file.h"
 #include "report/output_stream.h"
 #include "report/run_end.h"
 #include "report/state.h"
@@ -19,31 +17,16 @@ constexpr const char* NAME = "pritemp.log";
 
 OutputStream ffptemp;
 
-// Opens it for writing and for reading back; where it may only be written, the reading will tell.
-int open_temporary_file() {
-    const int descriptor = open_for_writing(NAME, O_RDWR | O_NOFOLLOW, ifp.descriptor());
-    return descriptor >= 0 || errno != EACCES ? descriptor
-                                              : open_for_writing(NAME, O_WRONLY | O_NOFOLLOW, ifp.descriptor());
-}
-
 // In a folder that others write to it could be a link to any file, which must not be lost.
-bool may_be_overwritten(int descriptor) {
-    return has_one_name(descriptor) && !same_file(descriptor, ifp.descriptor()) &&
-           !same_file(descriptor, ofp.descriptor());
-}
+bool may_be_overwritten(int descriptor) { return has_one_name(descriptor) && !same_file(descriptor, ofp.descriptor()); }
 
-// The temporary file, locked and empty; -1 when there can be none.
+// The temporary file, to be written and read back; where it may only be written, the reading will tell. Below 0 when
+// there can be none.
 int create_temporary_file() {
-    for (;;) {
-        const int descriptor = open_temporary_file();
-        if (descriptor < 0 || !may_be_overwritten(descriptor)) {
-            return -1;
-        }
-        if (lock_file(descriptor, NAME)) {
-            return empty_file(descriptor) ? descriptor : -1;
-        }
-        ::close(descriptor);  // it was removed while this run waited
-    }
+    const int descriptor = create_output(NAME, ifp.descriptor(), O_RDWR | O_NOFOLLOW, may_be_overwritten);
+    return descriptor != -1 || errno != EACCES
+               ? descriptor
+               : create_output(NAME, ifp.descriptor(), O_WRONLY | O_NOFOLLOW, may_be_overwritten);
 }
 
 }  // namespace

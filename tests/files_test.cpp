@@ -3,7 +3,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
+#include <regex>
 #include <utility>
 
 #include "tests/program.h"
@@ -115,21 +117,45 @@ TEST_F(Files, SeveralRunsAtOnce) {
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
-TEST_F(Files, IsLockedByAnotherRunAndRemovedByIt) {
-    for (const auto& [name, command] : {std::pair{"pritemp.log", "QUANDRIX t o"},
-                                        {"o", "QUANDRIX t o"},
-                                        {"t.res", "QUANDRIX t"},
-                                        {"pritemp.log", "QUANDRIX h pritemp.log -d"}}) {
-        const std::string file = name;
+// Shell words: a run that stands still in the middle of its report and has pritemp.log locked; waiting for a file that
+// holds something.
+const std::string HOLDER =
+    "holds_something() { for try in $(seq 2000); do [ -s $1 ] && return; sleep 0.01; done; false; }\n"
+    "hold() { mkfifo pipe; exec 3<>pipe; " PROGRAM
+    " ${1}t pipe 3<&- >out & holder=$!; holds_something pritemp.log; }\n";
+
+TEST_F(Files, AreLockedByOtherRunsAndRemovedMeanwhile) {
+    // The second run waits for the file that the first one, which waits for pritemp.log, has or wants.
+    for (const auto& [file, first, second] : {std::array{"o", "QUANDRIX t o", "QUANDRIX h o -d"},
+                                              {"t.res", "QUANDRIX t", "QUANDRIX t"},
+                                              {"pritemp.log", "QUANDRIX t o", "QUANDRIX h pritemp.log -d"}}) {
+        SCOPED_TRACE(second);
         const Folder::Outcome outcome =
-            folder.run("rm -f waiting locked; echo kept >" + file + "; timeout 20 flock " + file +
-                       " sh -c 'touch locked; until [ -s waiting ]; do :; done; cat " + file + "; rm " + file +
-                       "' &\n" + "until [ -e locked ]; do :; done; " + command + " 2>waiting >out && cat waiting");
+            folder.run(HOLDER + "rm -f pipe first second pritemp.log; hold; " + first + " 2>first >out & first=$!\n" +
+                       "holds_something first; " + second + " 2>second >out & second=$!\n" +
+                       "holds_something second; rm pritemp.log " + (file == std::string("pritemp.log") ? "" : file) +
+                       "; kill -9 $holder; wait $first && wait $second && head -qn 1 first second");
         EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.terminal, "kept\nWaiting for another run to finish with " + file + "\n");
-        const std::string report = file == "t.res" || std::string(command).ends_with("-d") ? file : "o";
-        EXPECT_EQ(folder.read(report).size(), PRI.size() + 4000 * FRAME.size());
+        EXPECT_EQ(outcome.terminal, std::string("Waiting for another run to finish with pritemp.log\n") +
+                                        "Waiting for another run to finish with " + file + "\n");
+        if (file != std::string("pritemp.log")) {  // that is the text of the run that was the last
+            EXPECT_EQ(folder.read(file).size(), PRI.size() + 4000 * FRAME.size());
+        }
     }
+}
+
+TEST_F(Files, RunsDoNotWaitForEachOther) {
+    // Each one's report is the other's pritemp.log.
+    const Folder::Outcome outcome = folder.run(HOLDER +
+                                               "mkdir A B; cd A; hold ../\n"
+                                               "(cd ../B; timeout 20 " PROGRAM
+                                               " ../t ../A/pritemp.log 2>waits; echo $? >status) >out & first=$!\n"
+                                               "holds_something ../B/waits; (timeout 20 " PROGRAM
+                                               " ../t ../B/pritemp.log 2>waits; echo $? >status) >out &\n"
+                                               "holds_something waits; kill -9 $holder; wait; cat status ../B/status");
+    EXPECT_TRUE(std::regex_match(outcome.terminal, std::regex("[01]\n[01]\n"))) << outcome.terminal;
+    // A lock of another kind, which a script has on its own report, is none of a run's business.
+    EXPECT_EQ(folder.run("timeout 20 flock o " PROGRAM " t o").status, 0);
 }
 
 TEST_F(Files, TemporaryFileIsRemovedDuringARun) {
@@ -142,12 +168,11 @@ TEST_F(Files, TemporaryFileIsRemovedDuringARun) {
 
 // A lock makes the run say that it waits; the text must go nowhere.
 TEST_F(Files, ClosedStandardStreams) {
-    const Folder::Outcome outcome = folder.run(
-        ": >pritemp.log; timeout 20 flock pritemp.log sh -c 'touch locked; sleep 0.3' & until [ -e locked ]; do :; "
-        "done\n"
-        "QUANDRIX t o <&- >&- 2>&-");
+    const Folder::Outcome outcome =
+        folder.run(HOLDER + "hold; (sleep 0.3; kill -9 $holder) & QUANDRIX t o <&- >&- 2>&-");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(folder.read("o").size(), PRI.size() + 4000 * FRAME.size());
+    EXPECT_EQ(folder.run("QUANDRIX h /dev/stdout -d >&-").status, 1);
 }
 
 TEST_F(Files, ReportIsTheTerminalText) {
@@ -161,6 +186,8 @@ TEST_F(Files, ReportIsTheTerminalText) {
                                                                            : "t.res";
         EXPECT_EQ(folder.read("t.res") + outcome.terminal, "kept\n" + BANNER + cannot_open_report(name));
     }
+    EXPECT_EQ(folder.run("QUANDRIX t o >>pritemp.log").status, 1);
+    EXPECT_TRUE(folder.read("pritemp.log") == BANNER + no_temporary_file);
     EXPECT_EQ(folder.run("QUANDRIX h /dev/stdout -d | grep -c RECEIVE").terminal, "4000\n");
 }
 
@@ -206,9 +233,13 @@ TEST_F(Files, NewOnesAreAsPrivateAsTheTrace) {
     EXPECT_EQ(folder.run("umask 027; chmod 644 t" + modes).terminal, "640\n640\n");
     EXPECT_EQ(folder.run("chmod 600 t; touch t.res pritemp.log; chmod 646 t.res pritemp.log" + modes).terminal,
               "646\n646\n");
+    EXPECT_EQ(folder.run("umask 0; chmod 600 t; setfacl -m u:4444:r t" + modes).terminal, "600\n600\n");
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root can give the trace to another group";
     }
+    EXPECT_EQ(folder.run("setfacl -b t; umask 0; chgrp 12345 t; chmod 660 t; ln -s real t.res" + modes).terminal,
+              "777\n600\n");
+    EXPECT_EQ(folder.run("stat -c %a real").terminal, "600\n");
     EXPECT_EQ(folder.run("umask 0; chgrp 12345 t; chmod 664 t" + modes).terminal, "644\n644\n");
 }
 
@@ -230,6 +261,7 @@ TEST_F(Files, OpeningWaitsOnlyWhereItMay) {
     ASSERT_EQ(fcntl(leased, F_SETLEASE, F_WRLCK), 0);
     EXPECT_EQ(folder.run("QUANDRIX leased o").status, 0);
     close(leased);
+    EXPECT_EQ(folder.run("timeout 5 " PROGRAM " /proc/kmsg o -d").status, 1);
     // A FIFO's writer goes on waiting for its reader.
     EXPECT_EQ(folder.run("mkfifo fifo; echo data >fifo & QUANDRIX fifo o; timeout 5 cat fifo").terminal,
               BANNER + "Seek Failed 999\ndata\n");
