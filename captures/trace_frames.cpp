@@ -32,8 +32,8 @@ void TraceFrames::time_stamp() {
     ticks_ = count - tick_base_;
 }
 
-// Whether the record is a frame to be handed out; notes it otherwise.
-bool TraceFrames::is_frame() {
+// Takes note of the record. Whether it is a frame to be handed out.
+bool TraceFrames::note_record() {
     if (record_.marker == TIME_STAMP_MARKER) {
         time_stamp();
     } else if (record_.marker == DEBUG_MARKER) {
@@ -52,7 +52,7 @@ bool TraceFrames::next(Frame& frame) {
         if (!next_record(record_)) {
             return false;
         }
-    } while (!is_frame());
+    } while (!note_record());
     frame = {.when = time_of(moment_of(ticks_)),
              .transmitted = record_.marker == TRANSMIT_MARKER,
              .line = static_cast<std::uint8_t>(record_.line),

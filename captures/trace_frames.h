@@ -18,7 +18,7 @@ class TraceFrames {
     [[nodiscard]] std::int64_t empty_frames() const { return empty_frames_; }
 
  private:
-    bool is_frame();
+    bool note_record();
     void time_stamp();
 
     Record record_;

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr std::uint8_t TICKS_RESOLUTION = 1;
-constexpr std::int64_t TICK = 1000 * TICKS_RESOLUTION * TICK_MS;  // in microseconds
+constexpr std::int64_t TICK = std::int64_t{1000} * TICKS_RESOLUTION * TICK_MS;  // in microseconds
 
 bool has_time_stamps(std::uint8_t protocol) {
     return protocol != PRI_DASS2 && protocol != PRI_DPNSS_A && protocol != PRI_DPNSS_B;

@@ -181,7 +181,7 @@ void expect_export(const std::string& body, int status, const std::string& captu
     const Folder folder;
     folder.write("hex", bytes_of(AT_100_S + " 0 0 0 0") + body);
     folder.write("binary", bytes_of(AT_100_S + " 0 0 0 0 " + body));
-    for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - 3>&1 >capture"}) {
+    for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture"}) {
         const Folder::Outcome outcome = run(folder, command);
         EXPECT_EQ(outcome.status, status) << command;
         EXPECT_EQ(outcome.terminal, messages) << command;
