@@ -138,6 +138,9 @@ TEST(Import, Eyesdn) {
         "-p dpnss-a", AT_100_S, "17 01\n54 05 46 3f 13 fe ff\n52 fe" + repeated(" 41", 254) + "\n52 01 41\n", 1,
         left_out("packet 6", "the record is cut short") + left_out("packet 8", "octets that belong to no record") +
             left_out("packet 9", "the record is cut short") + summary(3, 9, 3, 3));
+    // Before 1970.
+    expect_import("EyeSDN" + bytes_of("ff 0d bb a0 fe fd fe fd fe fd fe fd fe fd 00 0a 00 01 41"), "-p 24",
+                  "ff ff ff ff 84 03", "18 01\n52 01 41\n", 0, summary(1, 1, 0, 0));
 }
 
 TEST(Import, Text) {
@@ -175,12 +178,12 @@ TEST(Import, TextThatIsNoFrame) {
                       left_out("line 5", "a frame of more than 255 octets") + summary(1, 4, 0, 3));
 }
 
-// Exports a hex trace that started 100.123 s after 1970, also as a binary one, and expects the capture and what is
-// said.
-void expect_export(const std::string& body, int status, const std::string& capture, const std::string& messages) {
+// Exports a hex trace, also as a binary one, and expects the capture and what is said.
+void expect_export(const std::string& body, int status, const std::string& capture, const std::string& messages,
+                   const std::string& header = AT_100_S) {
     const Folder folder;
-    folder.write("hex", bytes_of(AT_100_S + " 0 0 0 0") + body);
-    folder.write("binary", bytes_of(AT_100_S + " 0 0 0 0 " + body));
+    folder.write("hex", bytes_of(header + " 0 0 0 0") + body);
+    folder.write("binary", bytes_of(header + " 0 0 0 0 " + body));
     for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture"}) {
         const Folder::Outcome outcome = run(folder, command);
         EXPECT_EQ(outcome.status, status) << command;
@@ -208,6 +211,15 @@ TEST(Export, PcapOfLinuxLapd) {
     const std::string longest = repeated(" 41", 255);
     expect_export("ff 2 52 0 ff" + longest, 0, pcap_head(177) + packet(100, 123000, lapd("00", "00 00", longest)),
                   exported(1, 0, 0));
+}
+
+// Before 1970; behind the last second that 32 bits can say: 48 ms are left of it.
+TEST(Export, TimesFarOff) {
+    const std::string frame = lapd("00", "00 00", "41");
+    expect_export("2 2 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 900000, frame), exported(1, 0, 0),
+                  "ff ff ff ff 84 3");
+    expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 48000, frame),
+                  exported(1, 0, 0), "ff ff ff 7f 7b 0");
 }
 
 TEST(Export, EyesdnOfDass2AndDpnss) {
