@@ -69,7 +69,7 @@ void read_as_hex_text() {
     const int descriptor = create_temporary_file();
     hex_text.attach(descriptor, "the temporary file");
     write_hex_text(ifp, hex_text);
-    if (!hex_text.flush() || !ifp.open(descriptor, hex_text.name())) {
+    if (!hex_text.flush() || !ifp.open(descriptor, hex_text.name(), hex_text.written())) {
         fail("could not write all of the temporary file");
     }
 }

@@ -21,7 +21,7 @@ void open_hex_trace() {
 
 void open_binary_trace() {
     open_files("Seek Failed 999\n");
-    if (!ifp.open(Convert2Hex(), "pritemp.log")) {
+    if (!Convert2Hex()) {
         std::fputs("Failed opening pritemp.log\n", stdout);
         end_run(1);
     }

@@ -31,7 +31,7 @@ int create_temporary_file() {
 
 }  // namespace
 
-int Convert2Hex() {
+bool Convert2Hex() {
     const int descriptor = create_temporary_file();
     if (descriptor < 0) {
         std::fputs(
@@ -46,6 +46,5 @@ int Convert2Hex() {
         std::fputs("Failed writing file pritemp.log\n", stdout);
         end_run(1);
     }
-    ifp.close();
-    return descriptor;
+    return ifp.open(descriptor, NAME, ffptemp.written());
 }

@@ -9,6 +9,7 @@
 void OutputStream::attach(int descriptor, const char* name) {
     descriptor_ = descriptor;
     name_ = name;
+    written_ = 0;
     lost_ = false;
     next_ = buffer_.data();
 }
@@ -18,6 +19,7 @@ void OutputStream::write_out(std::size_t size) {
     if (descriptor_ >= 0 && !lost_) {
         lost_ = !write_all(descriptor_, buffer_.data(), size);
     }
+    written_ += size;
     next_ -= size;
     std::memmove(buffer_.data(), buffer_.data() + size, static_cast<std::size_t>(next_ - buffer_.data()));
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 // A file written forward through one fixed buffer, in whole blocks, so that none but the last ends within a page. After
 // a write that fails nothing more is written, and what is still put in is dropped.
@@ -30,6 +31,9 @@ class OutputStream {
     // The same, and closes the descriptor; harmless when none is attached.
     [[nodiscard]] bool close();
 
+    // How many bytes have been written out.
+    [[nodiscard]] std::uint64_t written() const { return written_; }
+
     // Whether a write has failed.
     [[nodiscard]] bool lost() const { return lost_; }
 
@@ -45,6 +49,7 @@ class OutputStream {
 
     int descriptor_ = -1;
     const char* name_ = "";
+    std::uint64_t written_ = 0;
     bool lost_ = false;
     std::array<char, BLOCK_SIZE + LONGEST_PIECE> buffer_;
     char* next_ = buffer_.data();

@@ -117,6 +117,15 @@ TEST_F(Files, SeveralRunsAtOnce) {
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
+TEST_F(Files, TemporaryFileIsEmptiedDuringARun) {
+    folder.write("b", frames(40000));
+    const Folder::Outcome outcome = folder.run(
+        "mkfifo pipe; exec 3<>pipe; QUANDRIX b pipe 3<&- & run=$!; timeout 20 head -c 1 <&3 >byte\n"
+        ": >pritemp.log; timeout 20 cat pipe 3<&- >rest & exec 3<&-; wait $run");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.terminal.ends_with("Failed reading file pritemp.log\n")) << outcome.terminal;
+}
+
 // Shell words: a run that stands still in the middle of its report and has pritemp.log locked; waiting for a file that
 // holds something.
 const std::string HOLDER =

@@ -55,8 +55,9 @@ bool TraceStream::open(const char* name) {
     return descriptor >= 0;
 }
 
-bool TraceStream::open(int descriptor, const char* name) {
+bool TraceStream::open(int descriptor, const char* name, std::uint64_t size) {
     take(descriptor, name);
+    size_ = size;
     return seek(0) && (::fcntl(descriptor, F_GETFL) & O_ACCMODE) != O_WRONLY;
 }
 
@@ -64,6 +65,7 @@ void TraceStream::take(int descriptor, const char* name) {
     close();
     descriptor_ = descriptor;
     name_ = name;
+    size_ = 0;
     eof_ = false;
     next_ = limit_ = buffer_.data();
 }
@@ -92,10 +94,11 @@ bool TraceStream::fill() {
     std::uint8_t* const end = std::copy(next_, limit_, buffer_.data());
     const auto held = static_cast<std::size_t>(end - buffer_.data());
     const ssize_t count = descriptor_ < 0 ? 0 : read_some(descriptor_, std::span(buffer_).subspan(held));
-    if (count < 0) {
+    eof_ = count <= 0;
+    if (count < 0 || (eof_ && size_ != 0)) {
         failed_ = name_;
     }
-    eof_ = count <= 0;
+    size_ -= std::min(size_, static_cast<std::uint64_t>(eof_ ? 0 : count));
     next_ = buffer_.data();
     limit_ = eof_ ? end : end + count;
     return !eof_;

@@ -23,8 +23,9 @@ class TraceStream {
     // Takes over an open file of that name, read from where it stands; below 0: there is nothing to read.
     void take(int descriptor, const char* name);
 
-    // Takes over an open file of that name and goes to its first byte. False when it cannot be read from there.
-    [[nodiscard]] bool open(int descriptor, const char* name);
+    // Takes over an open file of that name that holds `size` bytes, and goes to its first one. False when it cannot be
+    // read from there. If it ends sooner, a read has failed.
+    [[nodiscard]] bool open(int descriptor, const char* name, std::uint64_t size);
 
     // Reads from memory instead, which must outlive the reading.
     void open(std::span<const std::uint8_t> memory);
@@ -79,6 +80,7 @@ class TraceStream {
     int descriptor_ = -1;
     const char* name_ = "";
     const char* failed_ = nullptr;
+    std::uint64_t size_ = 0;  // bytes still to be read, if that is known
     bool eof_ = false;
     const std::uint8_t* next_ = nullptr;
     const std::uint8_t* limit_ = nullptr;
