@@ -18,8 +18,8 @@ constexpr int MOST_TRIES = 100;  // of finding a file that is not removed before
 void give_to_group(int descriptor, int source) {
     struct stat like {};
     struct stat created {};
-    if (::fstat(source, &like) != 0 || ::fstat(descriptor, &created) != 0 || created.st_gid != like.st_gid ||
-        ::fgetxattr(source, "system.posix_acl_access", nullptr, 0) > 0) {
+    if (::fstat(source, &like) != 0 || !S_ISREG(like.st_mode) || ::fstat(descriptor, &created) != 0 ||
+        created.st_gid != like.st_gid || ::fgetxattr(source, "system.posix_acl_access", nullptr, 0) > 0) {
         return;
     }
     const mode_t mask = ::umask(0);
@@ -30,7 +30,7 @@ void give_to_group(int descriptor, int source) {
 // The permissions that a new file begins with: in the group may be anybody, so it has what all others have.
 mode_t first_permissions(int source) {
     struct stat like {};
-    if (::fstat(source, &like) != 0) {
+    if (::fstat(source, &like) != 0 || !S_ISREG(like.st_mode)) {
         return 0666;
     }
     const mode_t others = like.st_mode & 0006U;

@@ -263,6 +263,17 @@ done)");
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
+// Where a pipe's own permissions say nothing.
+TEST(Captures, PermissionsOfNewFiles) {
+    const Folder folder;
+    folder.write("text", "R 02 01 7f\n");
+    EXPECT_EQ(run(folder,
+                  "umask 022; chmod 640 text; IMPORT -p 17 text a && cat text | IMPORT -p 17 - b && EXPORT b c\n"
+                  "stat -c %a a b c")
+                  .terminal.substr(2 * summary(1, 1, 0, 0).size()),
+              "quandrix-export: 1 frames; left out: 0 debug records, 0 frames of no octets\n640\n644\n644\n");
+}
+
 TEST(Captures, ThatCannotBeRead) {
     const Folder folder;
     folder.write("ethernet", pcap_head(1));
