@@ -213,11 +213,13 @@ TEST(Export, PcapOfLinuxLapd) {
                   exported(1, 0, 0));
 }
 
-// Before 1970; behind the last second that 32 bits can say: 48 ms are left of it.
+// Before 1970; 5 ms before the first second that 32 bits can say; behind the last one, of which 48 ms are left.
 TEST(Export, TimesFarOff) {
     const std::string frame = lapd("00", "00 00", "41");
     expect_export("2 2 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 900000, frame), exported(1, 0, 0),
                   "ff ff ff ff 84 3");
+    expect_export("2 1 50 4 1 0 0 0 50 4 0 0 0 0 52 1 41", 0, pcap_head(177) + packet(0x80000000, 995000, frame),
+                  exported(1, 0, 0), "0 0 0 80 0 0");
     expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 48000, frame),
                   exported(1, 0, 0), "ff ff ff 7f 7b 0");
 }
