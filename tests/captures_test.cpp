@@ -92,7 +92,9 @@ TEST(Import, LeavesOutWhatCannotBeConverted) {
         left_out("packet 1", "no LAPD frame") + left_out("packet 2", "no LAPD frame") +
             left_out("packet 3", "no LAPD frame") + left_out("packet 4", "cut by the snap length") +
             left_out("packet 5", "a frame of no octets") + left_out("packet 6", "a frame of more than 255 octets") +
-            left_out("packet 8", "truncated dump file; tried to read 16 header bytes, only got 15") +
+            left_out(
+                "packet 8",
+                "from here on nothing can be read: truncated dump file; tried to read 16 header bytes, only got 15") +
             summary(1, 8, 0, 7));
 }
 
