@@ -4,9 +4,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "captures/eyesdn_writer.h"
 #include "captures/files.h"
@@ -53,11 +51,12 @@ CommandLine read_command_line(int argc, char** argv) {
 
 // A file that goes when it is closed: its name is taken away at once.
 int create_temporary_file() {
-    std::error_code none;
-    std::string name = std::filesystem::temp_directory_path(none) / "quandrix-XXXXXX";
+    const char* const wanted = std::getenv("TMPDIR");
+    const std::string folder = wanted != nullptr && *wanted != '\0' ? wanted : "/tmp";
+    std::string name = folder + "/quandrix-XXXXXX";
     const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
     if (descriptor < 0) {
-        fail_with_reason("cannot create " + name);
+        fail_with_reason("cannot create a temporary file in " + folder);
     }
     ::unlink(name.c_str());
     return descriptor;

@@ -7,11 +7,17 @@
 #include <string_view>
 
 #include "captures/messages.h"
+#include "report/file_access.h"
 #include "report/output_file.h"
 
 namespace {
 
 bool is_standard(const char* name) { return std::string_view(name) == "-"; }
+
+// Standard output, unless it is a file that is read: what is written would be read again.
+int standard_output(int source) {
+    return is_regular_file(source) && same_file(source, STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;
+}
 
 }  // namespace
 
@@ -24,7 +30,7 @@ void open_source(TraceStream& source, const char* name) {
 }
 
 void create_target(OutputStream& target, const char* name, int source) {
-    const int descriptor = is_standard(name) ? STDOUT_FILENO : create_output(name, source);
+    const int descriptor = is_standard(name) ? standard_output(source) : create_output(name, source);
     if (descriptor == OUTPUT_REFUSED) {
         fail(std::string("cannot write ") + name + ": this run reads it, or has it as standard output or error");
     }

@@ -9,8 +9,8 @@
 // Opens a file for reading, and waits for a pipe's writer.
 void open_source(TraceStream& source, const char* name);
 
-// Creates a file, or empties it, which must not be the one open as `source` (create_output); the stream is to write
-// into it.
+// Creates a file, or empties it (create_output), or takes standard output; the stream is to write into it. It must not
+// be the file open as `source`.
 void create_target(OutputStream& target, const char* name, int source);
 
 // Writes out what the stream still holds, and closes it.

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdio>
 #include <limits>
-#include <string>
 
 #include "captures/linux_lapd.h"
 #include "captures/messages.h"
@@ -90,7 +89,8 @@ bool PcapReader::next(Packet& packet) {
     packet = {.number = ++number_};
     if (result != 1) {
         ended_ = true;
-        packet.trouble = pcap_geterr(pcap_.get());
+        why_ended_ = std::string("from here on nothing can be read: ") + pcap_geterr(pcap_.get());
+        packet.trouble = why_ended_.c_str();
         return true;
     }
     const std::span octets(data, header->caplen);

@@ -3,6 +3,7 @@
 #include <pcap/pcap.h>
 
 #include <memory>
+#include <string>
 
 #include "captures/capture_reader.h"
 #include "driver/trace/trace_stream.h"
@@ -25,4 +26,5 @@ class PcapReader : public CaptureReader {
     int link_type_ = 0;
     std::int64_t number_ = 0;
     bool ended_ = false;
+    std::string why_ended_;
 };

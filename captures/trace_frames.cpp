@@ -7,11 +7,14 @@
 
 namespace {
 
-// The seconds are cut to those that 32 bits can say, with a sign or without.
+// The seconds are cut to those that 32 bits can say, with a sign or without. Milliseconds below 0 or above 999 belong
+// to other seconds, and count first.
 std::int64_t time_of(const Moment& moment) {
     constexpr std::int64_t EARLIEST = std::numeric_limits<std::int32_t>::min();
     constexpr std::int64_t LATEST = std::numeric_limits<std::uint32_t>::max();
-    return std::clamp(moment.seconds, EARLIEST, LATEST) * MICROSECONDS + moment.milliseconds * 1000;
+    constexpr std::int64_t FAR_OFF = std::int64_t{1} << 40U;  // can be counted in microseconds
+    const std::int64_t when = std::clamp(moment.seconds, -FAR_OFF, FAR_OFF) * MICROSECONDS + moment.milliseconds * 1000;
+    return std::clamp(seconds_of(when), EARLIEST, LATEST) * MICROSECONDS + microseconds_of(when);
 }
 
 }  // namespace

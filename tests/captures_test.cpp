@@ -92,7 +92,9 @@ TEST(Import, LeavesOutWhatCannotBeConverted) {
         left_out("packet 1", "no LAPD frame") + left_out("packet 2", "no LAPD frame") +
             left_out("packet 3", "no LAPD frame") + left_out("packet 4", "cut by the snap length") +
             left_out("packet 5", "a frame of no octets") + left_out("packet 6", "a frame of more than 255 octets") +
-            left_out("packet 8", "truncated dump file; tried to read 16 header bytes, only got 15") +
+            left_out(
+                "packet 8",
+                "from here on nothing can be read: truncated dump file; tried to read 16 header bytes, only got 15") +
             summary(1, 8, 0, 7));
 }
 
@@ -213,11 +215,13 @@ TEST(Export, PcapOfLinuxLapd) {
                   exported(1, 0, 0));
 }
 
-// Before 1970; behind the last second that 32 bits can say: 48 ms are left of it.
+// Before 1970; 5 ms before the first second that 32 bits can say; behind the last one, of which 48 ms are left.
 TEST(Export, TimesFarOff) {
     const std::string frame = lapd("00", "00 00", "41");
     expect_export("2 2 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 900000, frame), exported(1, 0, 0),
                   "ff ff ff ff 84 3");
+    expect_export("2 1 50 4 1 0 0 0 50 4 0 0 0 0 52 1 41", 0, pcap_head(177) + packet(0x80000000, 995000, frame),
+                  exported(1, 0, 0), "0 0 0 80 0 0");
     expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 48000, frame),
                   exported(1, 0, 0), "ff ff ff 7f 7b 0");
 }
@@ -320,6 +324,9 @@ TEST(Captures, ThatCannotBeWritten) {
         {"EXPORT t ./t", "quandrix-export: cannot write ./t" + refused},
         {"ln text link; IMPORT -p 17 text link", "quandrix-import: cannot write link" + refused},
         {"<text IMPORT -p 17 - text", "quandrix-import: cannot write text" + refused},
+        {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
+        {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
+        {"TMPDIR=no EXPORT t c", "quandrix-export: cannot create a temporary file in no: No such file or directory\n"},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
