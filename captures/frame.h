@@ -6,6 +6,7 @@
 // A frame on its way between a trace and a capture.
 struct Frame {
     std::int64_t when = 0;                   // microseconds since 1 January 1970 UTC
+    bool timed = true;                       // false: when it was is not known, and `when` 0
     bool transmitted = false;                // sent by the user side, from which a trace is seen
     std::uint8_t line = 0;                   // number of the line; 0 where only one is recorded
     std::span<const std::uint8_t> octets{};  // 1..255 of them, from the address on, without check sequence

@@ -92,7 +92,7 @@ bool date_and_time(Line& line, std::int64_t year, std::int64_t& seconds) {
 }
 
 // The time that a line may begin with; the last one stays when it begins with none.
-bool time(Line& line, std::int64_t& when) {
+bool time(Line& line, std::optional<std::int64_t>& when) {
     constexpr std::int64_t LATEST = std::int64_t{1} << 40U;
     line.blanks();
     if (!line.begins_with_digit()) {
@@ -158,12 +158,14 @@ bool TextReader::take_line() {
 bool TextReader::read_frame(std::string_view text, Frame& frame) {
     Line line(text);
     std::size_t count = 0;
-    frame.when = when_;
-    const bool good = time(line, frame.when) && direction(line, frame.transmitted) && line_number(line, frame.line) &&
+    std::optional<std::int64_t> when = when_;
+    const bool good = time(line, when) && direction(line, frame.transmitted) && line_number(line, frame.line) &&
                       octets(line, octets_, count);
     frame.octets = std::span(octets_).first(count);
     if (good) {
-        when_ = frame.when;
+        when_ = when;
+        frame.when = when.value_or(0);
+        frame.timed = when.has_value();
     }
     return good;
 }

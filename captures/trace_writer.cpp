@@ -75,7 +75,7 @@ void TraceWriter::write(const Frame& frame) {
     if (!begun_) {
         write_head(frame.when);
     }
-    if (time_stamps_) {
+    if (time_stamps_ && frame.timed) {
         write_time(frame.when);
     }
     write_record(frame.transmitted ? TRANSMIT_MARKER : RECEIVE_MARKER, frame.line, frame.octets);

@@ -72,7 +72,7 @@ bool is_regular_file(int descriptor) {
     return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool is_file(int descriptor, const char* name) {
+bool has_name(int descriptor, const char* name) {
     struct stat open_file {};
     struct stat named_file {};
     return ::fstat(descriptor, &open_file) == 0 && ::stat(name, &named_file) == 0 &&

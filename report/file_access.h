@@ -25,7 +25,7 @@ bool same_file(int descriptor, int other);
 
 // Whether an open file is a regular one, and whether it has that name, or one and no other.
 bool is_regular_file(int descriptor);
-bool is_file(int descriptor, const char* name);
+bool has_name(int descriptor, const char* name);
 bool has_one_name(int descriptor);
 
 // Writes all `size` bytes to the descriptor, however many calls that takes. False when the system refuses one.

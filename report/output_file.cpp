@@ -110,8 +110,12 @@ int create_output(const char* name, int source, int flags, bool (*accepts)(int d
             ::close(descriptor);
             return -1;
         }
-        if (!is_regular_file(descriptor) || is_file(descriptor, name)) {
-            return empty_file(descriptor) ? descriptor : -1;
+        if (!is_regular_file(descriptor) || has_name(descriptor, name)) {
+            if (empty_file(descriptor)) {
+                return descriptor;
+            }
+            ::close(descriptor);
+            return -1;
         }
         ::close(descriptor);  // it was removed while this run waited
     }

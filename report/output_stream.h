@@ -40,6 +40,7 @@ class OutputStream {
     // The attached descriptor; below 0 when there is none.
     [[nodiscard]] int descriptor() const { return descriptor_; }
 
+    // The name for messages.
     [[nodiscard]] const char* name() const { return name_; }
 
  private:

@@ -153,6 +153,12 @@ TEST(Import, Text) {
         "84 01\n50 00 04 00 00 00 00\n50 00 04 00 00 00 00\n52 00 03 02 01 7f\n54 07 03 02 01 73\n"
         "50 00 04 03 00 00 00\n52 ff 01 00\n54 00 01 0a\n50 00 04 b3 b1 ff ff\n52 00 01 00\n",
         0, summary(5, 5, 0, 0));
+    // Without a time; times that begin too late are far from the trace's start.
+    expect_import("R 01\nT 02", "-p ni2", "00 00 00 00 00 00", "19 01\n52 01 01\n54 01 02\n", 0, summary(2, 2, 0, 0));
+    expect_import(
+        "R 01\n19500000 T 02", "-p ni2", "00 00 00 00 00 00",
+        "19 01\n52 01 01\n50 04 00 00 00 00\n50 04 66 66 66 e6\n54 01 02\n", 1,
+        summary(2, 2, 0, 0) + "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n");
     // Before 1970; the furthest that tick counts reach.
     expect_import("1969-12-31 23:59:59.9 R 00", "-p ni2", "ff ff ff ff 84 03",
                   "19 01\n50 04 00 00 00 00\n50 04 00 00 00 00\n52 01 00\n", 0, summary(1, 1, 0, 0));
