@@ -28,3 +28,10 @@ quietly() {
         return 1
     fi
 }
+
+# What building the tests and passing them needs.
+# shellcheck disable=SC2034 # used by the scripts that source this one
+test_packages=(
+    g++ cmake make libgtest-dev libpcap-dev
+    acl bsdextrautils busybox gawk mawk mscgen parallel pv strace zzuf
+)
