@@ -1,6 +1,7 @@
 #include "captures/pcap_writer.h"
 
 #include <array>
+#include <bit>
 #include <cstring>
 
 #include "captures/linux_lapd.h"
@@ -30,7 +31,7 @@ std::array<std::uint8_t, LINUX_LAPD_HEADER_SIZE> lapd_header(const Frame& frame)
 
 void write_pcap_header(OutputStream& capture) {
     constexpr std::uint32_t MAGIC = 0xA1B2C3D4;  // times in microseconds
-    constexpr std::uint32_t VERSION_2_4 = 2U | 4U << 16U;
+    constexpr auto VERSION_2_4 = std::bit_cast<std::uint32_t>(std::array<std::uint16_t, 2>{2, 4});
     constexpr std::uint32_t SNAP_LENGTH = 65535;
     constexpr std::array<std::uint32_t, 6> HEADER{MAGIC, VERSION_2_4, 0, 0, SNAP_LENGTH, LINUX_LAPD_LINK_TYPE};
     capture.filled(put(capture.room(), HEADER));
