@@ -334,7 +334,7 @@ TEST(Captures, ThatCannotBeWritten) {
         {"<text IMPORT -p 17 - text", "quandrix-import: cannot write text" + refused},
         {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
         {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
-        {"sh -c 'ulimit -n 4; exec " EXPORT " t -' >>t", "quandrix-export: cannot write -" + refused},
+        {"sh -c 'ulimit -n 4; exec " EXPORT " t -' >>t 3<&-", "quandrix-export: cannot write -" + refused},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
