@@ -325,7 +325,9 @@ TEST(Captures, ThatCannotBeRead) {
 
 TEST(Captures, ThatCannotBeWritten) {
     const Folder folder;
+    const std::string hex_trace = ZERO_HEADER + "2 2 " + RECORD;
     folder.write("t", frames(1));
+    folder.write("h", hex_trace);
     folder.write("text", "R 01\n");
     const std::string refused = ": this run reads it, or has it as standard output or error\n";
     const std::pair<const char*, std::string> failures[] = {
@@ -334,7 +336,7 @@ TEST(Captures, ThatCannotBeWritten) {
         {"<text IMPORT -p 17 - text", "quandrix-import: cannot write text" + refused},
         {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
         {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
-        {"sh -c 'ulimit -n 4; exec " EXPORT " t -' >>t 3<&-", "quandrix-export: cannot write -" + refused},
+        {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: cannot write -" + refused},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
@@ -346,6 +348,7 @@ TEST(Captures, ThatCannotBeWritten) {
         EXPECT_EQ(outcome.terminal, message) << command;
     }
     EXPECT_EQ(folder.read("t"), frames(1));
+    EXPECT_EQ(folder.read("h"), hex_trace);
     EXPECT_EQ(folder.read("text"), "R 01\n");
 }
 
