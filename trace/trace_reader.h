@@ -17,6 +17,7 @@
 // Why a run ends early.
 enum class Abort {
     CUT,         // the trace ends within a record
+    ENDED,       // octets were wanted after its last record
     UNREADABLE,  // the system cannot read on
     NO_RECORD,   // DASS2 and DPNSS: no record where one is due
 };
@@ -122,6 +123,7 @@ class TraceReader {
 
     InputStream& stream_;
     ReaderObserver* observer_ = nullptr;
+    bool marker_found_ = false;  // of a record that is not yet known to be whole
     RingBuffer DataBuffer{};
     std::int32_t BlockSize = 0;      // bytes of the current record not yet handed out; 0: no current record
     std::int32_t BlockStartPtr = 0;  // position of the current record's marker
