@@ -2,9 +2,9 @@
 
 #include "dpnss/fields.h"
 #include "dpnss/message_types.h"
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
