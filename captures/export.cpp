@@ -12,10 +12,23 @@
 #include "io/diagnostics.h"
 #include "io/file_access.h"
 #include "io/operands.h"
+#include "io/options.h"
 #include "report/lines.h"
 #include "trace/trace_start.h"
 
 namespace {
+
+constexpr Usage USAGE{
+    .line = "quandrix-export [-d] TRACE CAPTURE",
+    .help =
+        "Makes a capture of the frames in a trace: pcap, of DASS2 and DPNSS EyeSDN.\n"
+        "For TRACE and CAPTURE, - is standard input and output.\n"
+        "  -d           the trace is hex text\n"
+        "  -h, --help   show this text\n"
+        "  --version    show the version\n",
+    .letters = "d",
+    .wrong_status = EXIT_FAILURE,
+};
 
 struct CommandLine {
     bool hex_trace = false;
@@ -27,18 +40,13 @@ OutputStream capture;
 
 CommandLine read_command_line(int argc, char** argv) {
     CommandLine command;
-    opterr = 0;
-    for (int option = getopt(argc, argv, "d"); option != -1; option = getopt(argc, argv, "d")) {
+    const auto operands = read_options(argc, argv, USAGE, [&](char, const char*) -> std::string {
         command.hex_trace = true;
-        if (option != 'd') {
-            fail("usage: quandrix-export [-d] TRACE CAPTURE");
-        }
-    }
-    if (argc - optind != 2) {
-        fail("usage: quandrix-export [-d] TRACE CAPTURE");
-    }
-    command.trace = argv[optind];
-    command.capture = argv[optind + 1];
+        return {};
+    });
+    expect_operands(operands, {"TRACE", "CAPTURE"}, USAGE);
+    command.trace = operands[0];
+    command.capture = operands[1];
     return command;
 }
 

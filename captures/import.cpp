@@ -1,11 +1,9 @@
 // quandrix-import: the frames of a capture (pcap, pcapng, EyeSDN) or of a text as a trace.
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,74 +11,60 @@
 #include "captures/eyesdn.h"
 #include "captures/eyesdn_reader.h"
 #include "captures/pcap_reader.h"
+#include "captures/protocol_names.h"
 #include "captures/text_reader.h"
 #include "captures/trace_writer.h"
 #include "io/diagnostics.h"
 #include "io/file_access.h"
 #include "io/input_stream.h"
 #include "io/operands.h"
-#include "report/state.h"
+#include "io/options.h"
 
 namespace {
 
-struct ProtocolName {
-    std::string_view name;
-    std::uint8_t code;
-};
-
-constexpr std::uint8_t PRI_5ESS = 3;  // the decoder's PRI_4ESS stands for both
-
-constexpr ProtocolName PROTOCOLS[] = {
-    {"4ess", PRI_4ESS},     {"5ess", PRI_5ESS},         {"dms100", PRI_DMS100},   {"vn3", PRI_VN3},
-    {"ntt", PRI_NTT},       {"1tr6", PRI_1TR6},         {"tph1856", PRI_TPH1856}, {"net5", PRI_NET5},
-    {"dass2", PRI_DASS2},   {"dpnss-a", PRI_DPNSS_A},   {"dpnss-b", PRI_DPNSS_B}, {"ni2", PRI_NI2},
-    {"bri-5ess", BRI_5ESS}, {"bri-dms100", BRI_DMS100}, {"bri-ntt", BRI_NTT},     {"bri-net3", BRI_NET3},
-    {"bri-ni1", BRI_NI1},   {"bri-ni2", BRI_NI2},
+constexpr Usage USAGE{
+    .line = "quandrix-import [-d] -p PROTOCOL CAPTURE TRACE",
+    .help =
+        "Makes a trace of the ISDN frames in a capture (pcap, pcapng, EyeSDN) or a text.\n"
+        "For CAPTURE and TRACE, - is standard input and output.\n"
+        "  -p PROTOCOL  of the line: a code of 0 to 255, or one of\n"
+        "               4ess 5ess dms100 vn3 ntt 1tr6 tph1856 net5 dass2 dpnss-a dpnss-b ni2\n"
+        "               bri-5ess bri-dms100 bri-ntt bri-net3 bri-ni1 bri-ni2\n"
+        "  -d           write hex text, not a binary trace\n"
+        "  -h, --help   show this text\n"
+        "  --version    show the version\n",
+    .letters = "dp:",
+    .wrong_status = EXIT_FAILURE,
 };
 
 struct CommandLine {
     bool hex_trace = false;
-    int protocol = -1;
+    std::optional<std::uint8_t> protocol;
     const char* capture = nullptr;
     const char* trace = nullptr;
 };
 
-[[noreturn]] void fail_with_usage() {
-    std::string names;
-    for (const ProtocolName& protocol : PROTOCOLS) {
-        names += " " + std::string(protocol.name);
-    }
-    fail("usage: quandrix-import [-d] -p PROTOCOL CAPTURE TRACE\nPROTOCOL is a code of 0 to 255, or one of" + names);
-}
-
-// The protocol code that a text stands for, in decimal or by its name; -1 when there is none.
-int protocol_code(std::string_view text) {
-    int code = -1;
-    const char* const end = text.data() + text.size();
-    const auto* const named = std::ranges::find(PROTOCOLS, text, &ProtocolName::name);
-    if (named != std::end(PROTOCOLS)) {
-        return named->code;
-    }
-    return std::from_chars(text.data(), end, code).ptr == end && code >= 0 && code <= 255 ? code : -1;
+// Takes the option -p. What is wrong with it.
+std::string read_protocol(const char* value, std::optional<std::uint8_t>& protocol) {
+    protocol = protocol_code(value);
+    return protocol ? "" : std::string("no PROTOCOL (--help lists them): ") + value;
 }
 
 CommandLine read_command_line(int argc, char** argv) {
     CommandLine command;
-    opterr = 0;
-    for (int option = getopt(argc, argv, "dp:"); option != -1; option = getopt(argc, argv, "dp:")) {
-        if (option == 'd') {
-            command.hex_trace = true;
-        } else if (option == 'p') {
-            command.protocol = protocol_code(optarg);
-        } else {
-            fail_with_usage();
+    const auto operands = read_options(argc, argv, USAGE, [&](char letter, const char* value) -> std::string {
+        if (letter == 'p') {
+            return read_protocol(value, command.protocol);
         }
+        command.hex_trace = true;
+        return {};
+    });
+    if (!command.protocol) {
+        fail_with_usage(USAGE, "no -p PROTOCOL");
     }
-    if (command.protocol < 0 || argc - optind != 2) {
-        fail_with_usage();
-    }
-    command.capture = argv[optind];
-    command.trace = argv[optind + 1];
+    expect_operands(operands, {"CAPTURE", "TRACE"}, USAGE);
+    command.capture = operands[0];
+    command.trace = operands[1];
     return command;
 }
 
@@ -147,7 +131,7 @@ int main(int argc, char** argv) {
     open_source(source, command.capture);
     const auto reader = reader_for(source, command.capture);
     create_target(trace, command.trace, source.descriptor());
-    TraceWriter writer(trace, static_cast<std::uint8_t>(command.protocol), command.hex_trace);
+    TraceWriter writer(trace, *command.protocol, command.hex_trace);
     Counts counts;
     convert(*reader, writer, trace, counts);
     close_target(trace);

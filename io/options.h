@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,3 +26,10 @@ std::vector<const char*> read_options(int argc, char** argv, const Usage& usage,
 
 // Says on standard error which word is wrong and the usage line, and exits with `wrong_status`.
 [[noreturn]] void fail_with_usage(const Usage& usage, std::string_view why);
+
+// Ends the run with fail_with_usage() when there are fewer operands than names, or more.
+void expect_operands(const std::vector<const char*>& operands, std::initializer_list<const char*> names,
+                     const Usage& usage);
+
+// A value that is a decimal number of 0 to 255; none when it is anything else.
+std::optional<std::uint8_t> octet_number(std::string_view value);

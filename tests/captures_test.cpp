@@ -292,7 +292,6 @@ TEST(Captures, ThatCannotBeRead) {
     folder.write("junk", bytes_of("0 1 2 3 4 5 6 7"));
     folder.write("empty", "");
     folder.write("t", frames(1));
-    const std::string usage = "quandrix-import: usage: quandrix-import [-d] -p PROTOCOL CAPTURE TRACE\n";
     const std::pair<const char*, std::string> failures[] = {
         {"IMPORT -p 17 ethernet o", "quandrix-import: ethernet holds no ISDN frames: its link type is EN10MB\n"},
         {"IMPORT -p 17 junk o", "quandrix-import: junk is no capture: unknown file format\n"},
@@ -301,8 +300,6 @@ TEST(Captures, ThatCannotBeRead) {
         {"IMPORT -p 17 . o", "quandrix-import: cannot read .: Is a directory\n"},
         {"EXPORT none o", "quandrix-export: cannot open none: No such file or directory\n"},
         {"EXPORT . o", "quandrix-export: cannot read .: Is a directory\n"},
-        {"EXPORT", "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n"},
-        {"EXPORT -x t o", "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n"},
         {"EXPORT empty o", "\n    ERROR ABORT \n" + exported(0, 0, 0)},
     };
     for (const auto& [command, message] : failures) {
@@ -310,14 +307,55 @@ TEST(Captures, ThatCannotBeRead) {
         EXPECT_EQ(outcome.status, 1) << command;
         EXPECT_EQ(outcome.terminal, message) << command;
     }
-    for (const char* arguments :
-         {"", "t o", "-p", "-p net6 t o", "-p 256 t o", "-p -1 t o", "-p 1x t o", "-p 1", "-p 1 t o x"}) {
-        EXPECT_TRUE(run(folder, std::string("IMPORT ") + arguments).terminal.starts_with(usage)) << arguments;
+}
+
+TEST(Captures, CommandLineThatIsWrong) {
+    const std::string import_usage = "quandrix-import: usage: quandrix-import [-d] -p PROTOCOL CAPTURE TRACE\n";
+    const std::string export_usage = "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n";
+    const std::pair<const char*, const char*> failures[] = {
+        {"IMPORT", "no -p PROTOCOL"},
+        {"IMPORT t o", "no -p PROTOCOL"},
+        {"IMPORT -p", "option -p lacks its value"},
+        {"IMPORT t o -p net6", "no PROTOCOL (--help lists them): net6"},
+        {"IMPORT -p 256 t o", "no PROTOCOL (--help lists them): 256"},
+        {"IMPORT -p -1 t o", "no PROTOCOL (--help lists them): -1"},
+        {"IMPORT -p 1x t o", "no PROTOCOL (--help lists them): 1x"},
+        {"IMPORT -p '' t o", "no PROTOCOL (--help lists them): "},
+        {"IMPORT -p 1", "no CAPTURE"},
+        {"IMPORT -p 1 t", "no TRACE"},
+        {"IMPORT -p 1 t o x", "one word too many: x"},
+        {"EXPORT", "no TRACE"},
+        {"EXPORT t o -dx", "unknown option -x"},
+        {"EXPORT --hex t o", "unknown option --hex"},
+        {"EXPORT --help=all t o", "unknown option --help=all"},
+        {"EXPORT --version=2 t o", "unknown option --version=2"},
+        {"EXPORT -- t o -d", "one word too many: -d"},
+    };
+    for (const auto& [command, why] : failures) {
+        const Folder folder;
+        const Folder::Outcome outcome = run(folder, std::string(command) + " >out; s=$?; cat out; [ -e o ] || exit $s");
+        EXPECT_EQ(outcome.status, 1) << command;
+        const std::string program = command[0] == 'I' ? "quandrix-import: " : "quandrix-export: ";
+        EXPECT_EQ(outcome.terminal, program + why + "\n" + (command[0] == 'I' ? import_usage : export_usage));
     }
-    // Every name in the usage text is one that is taken.
+}
+
+TEST(Captures, HelpAndVersion) {
+    const Folder folder;
+    for (const std::string program : {"IMPORT", "EXPORT"}) {
+        const std::string name = program == "IMPORT" ? "quandrix-import" : "quandrix-export";
+        for (const char* option : {" -h", " --help", " t --help -x"}) {
+            const Folder::Outcome outcome = run(folder, program + option + " 2>&-; exit $?");
+            EXPECT_EQ(outcome.status, 0);
+            EXPECT_TRUE(outcome.terminal.starts_with("usage: " + name + " [-d] ")) << outcome.terminal;
+        }
+        EXPECT_EQ(run(folder, program + " --version 2>&-").terminal, name + " " VERSION "\n");
+        EXPECT_EQ(run(folder, program + " --help >/dev/full").status, 1);
+    }
+    // Every name in the help is one that is taken.
     EXPECT_EQ(run(folder,
-                  "echo R 01 >text; for name in $(IMPORT 2>&1 | sed -n 's/.*one of//p'); do "
-                  "IMPORT -d -p $name text $name 2>said || exit; tail -c +11 $name | head -n 1; done")
+                  "echo R 01 >text; for name in $(IMPORT -h | awk '/  -d /{ exit } names; /one of$/{ names = 1 }'); do "
+                  "IMPORT -d text -p $name $name 2>said || exit; tail -c +11 $name | head -n 1; done")
                   .terminal,
               "02 01\n03 01\n07 01\n09 01\n0b 01\n0c 01\n10 01\n11 01\n14 01\n17 01\n18 01\n19 01\n"
               "81 01\n82 01\n83 01\n84 01\n85 01\n86 01\n");
