@@ -14,9 +14,10 @@ namespace {
 
 bool is_standard(const char* name) { return std::string_view(name) == "-"; }
 
-// Standard output, unless it is a file that is read: what is written would be read again.
+// Standard output, unless it is a file that is read (what is written would be read again) or that the messages go to.
 int standard_output(int source) {
-    return is_regular_file(source) && same_file(source, STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;
+    const bool taken = same_file(STDOUT_FILENO, source) || same_file(STDOUT_FILENO, STDERR_FILENO);
+    return taken && is_regular_file(STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;
 }
 
 }  // namespace

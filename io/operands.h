@@ -14,7 +14,7 @@ int open_operand(const char* name);
 void open_source(InputStream& source, const char* name);
 
 // Creates a file, or empties it (create_output), or takes standard output; the stream is to write into it. It must not
-// be the file open as `source`.
+// be the file open as `source`, nor the one that standard error goes to.
 void create_target(OutputStream& target, const char* name, int source);
 
 // Writes out what the stream still holds, and closes it.

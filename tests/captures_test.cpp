@@ -375,6 +375,8 @@ TEST(Captures, ThatCannotBeWritten) {
         {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
         {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
         {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: cannot write -" + refused},
+        {"IMPORT -p 17 text - >o 2>&1; s=$?; cat o; exit $s", "quandrix-import: cannot write -" + refused},
+        {"EXPORT t - >>o 2>>o; s=$?; tail -n 1 o; exit $s", "quandrix-export: cannot write -" + refused},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
