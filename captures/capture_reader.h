@@ -9,8 +9,13 @@ struct Packet {
     std::int64_t number = 0;        // counted from 1; in a text, of its line
     Frame frame{};                  // its octets stand until the next packet is taken; here also none or too many
     bool other = false;             // no frame of the D channel, and none that should be one
+    bool wrong_fraction = false;    // of the second in its time, which counts as 0
     const char* trouble = nullptr;  // why there is no frame though there should be
 };
+
+// Sets the time that the capture gives to the packet. A second has no more microseconds than 999999: others are a wrong
+// fraction.
+void set_time(Packet& packet, std::int64_t seconds, std::int64_t microseconds);
 
 // Why a packet cannot become a record; null when it can, or need not.
 const char* trouble_of(const Packet& packet);

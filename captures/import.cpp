@@ -101,6 +101,7 @@ struct Counts {
     std::int64_t frames = 0;
     std::int64_t others = 0;
     std::int64_t unusable = 0;
+    std::int64_t wrong_fractions = 0;
 };
 
 void convert(CaptureReader& reader, TraceWriter& writer, const OutputStream& trace, Counts& counts) {
@@ -114,6 +115,7 @@ void convert(CaptureReader& reader, TraceWriter& writer, const OutputStream& tra
             ++counts.others;
         } else {
             ++counts.frames;
+            counts.wrong_fractions += packet.wrong_fraction ? 1 : 0;
             writer.write(packet.frame);
         }
     }
@@ -138,11 +140,15 @@ int main(int argc, char** argv) {
     say(std::to_string(counts.frames) + " frames from " + std::to_string(counts.packets) +
         " packets; left out: " + std::to_string(counts.others) + " of other channels or layers, " +
         std::to_string(counts.unusable) + " not convertible");
+    if (counts.wrong_fractions != 0) {
+        say(std::to_string(counts.wrong_fractions) +
+            " frames have a wrong fraction of a second in the capture: it counts as 0");
+    }
     if (writer.clamped() != 0) {
         say(std::to_string(writer.clamped()) + " frames have the nearest time that a trace can hold, not their own");
     }
     if (source.failed() != nullptr) {
         fail("could not read all of " + std::string(command.capture));
     }
-    return counts.unusable == 0 && writer.clamped() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    return counts.unusable == 0 && counts.wrong_fractions == 0 && writer.clamped() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

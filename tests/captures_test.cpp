@@ -98,6 +98,26 @@ TEST(Import, LeavesOutWhatCannotBeConverted) {
             summary(1, 8, 0, 7));
 }
 
+// As many microseconds or more as a second has, in pcap files of microseconds and nanoseconds, and in EyeSDN files.
+TEST(Import, FractionsOfASecondThatAreNone) {
+    const std::string wrong =
+        "quandrix-import: 2 frames have a wrong fraction of a second in the capture: it counts as 0\n";
+    const std::string frame = lapd("00", "00 00", "41");
+    const std::string trace = "14 01\n52 01 41\n52 01 41\n52 01 41\n";
+    const std::string at_100_s = "64 00 00 00 00 00";
+    expect_import(pcap_head(177) + packet(100, 4000000, frame) + packet(100, 1000000, frame) +
+                      packet(1, 999999, frame) + packet(1, 4000000, lapd("04", "00 00", "")),
+                  "-p dass2", at_100_s, trace, 1,
+                  left_out("packet 4", "a frame of no octets") + summary(3, 4, 0, 1) + wrong);
+    expect_import("\x4d\x3c" + pcap_head(177).substr(2) + packet(100, 4000000000, frame) +
+                      packet(1, 1000000000, frame) + packet(1, 999999999, frame),
+                  "-p dass2", at_100_s, trace, 1, summary(3, 3, 0, 0) + wrong);
+    expect_import(
+        "EyeSDN" + bytes_of("ff fe fd fe fd fe fd 00 00 00 00 64 00 0a 00 01 41 "
+                            "ff 0f 42 40 00 00 00 00 64 00 0a 00 01 41 ff 0f 42 3f 00 00 00 00 64 00 0a 00 01 41"),
+        "-p dass2", at_100_s, trace, 1, summary(3, 3, 0, 0) + wrong);
+}
+
 // A command of the user side has a C/R bit of 0, a response 1.
 TEST(Import, LapdHasItsDirectionFromTheAddress) {
     std::string capture = pcap_head(203);
