@@ -3,13 +3,18 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "captures/frame.h"
 #include "io/output_stream.h"
 
-// Writes a trace: binary, or as hex text of one record a line. It starts at the time of its first frame. A time-stamp
-// record comes before every frame whose tick differs from that of the frame before, and two before the first one; DASS2
-// and DPNSS traces, whose decoders know none, hold none.
+// Writes a trace: binary, or as hex text of one record a line.
+//
+// - It starts at the time of the first frame that has one. The frames before it are held until then; more than 1 MiB of
+//   them are not, and the trace starts in 1970.
+// - A time-stamp record comes before every frame whose tick differs from that of the frame before, and two before the
+//   first one that has a time.
+// - DASS2 and DPNSS traces have no time-stamp records: their decoders know none.
 class TraceWriter {
  public:
     TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text);
@@ -17,14 +22,16 @@ class TraceWriter {
     // Writes a frame of 1..255 octets.
     void write(const Frame& frame);
 
-    // Writes the head when no frame has; to be called last.
+    // Writes what is still held; to be called last.
     void finish();
 
     // How many frames had a time that a trace cannot say, and have the nearest one.
     [[nodiscard]] std::int64_t clamped() const { return clamped_; }
 
  private:
+    void begin(std::int64_t when);
     void write_head(std::int64_t when);
+    void write_held();
     std::uint32_t tick_of(std::int64_t when);
     void write_time(std::int64_t when);
     void write_time_stamp(std::uint32_t tick);
@@ -37,7 +44,8 @@ class TraceWriter {
     const bool hex_text_;
     const bool time_stamps_;
     bool begun_ = false;
-    std::int64_t start_ = 0;  // of the trace, as its header says it
+    std::vector<std::uint8_t> held_;  // records before the trace has begun
+    std::int64_t start_ = 0;          // of the trace, as its header says it
     std::optional<std::uint32_t> last_tick_;
     std::int64_t clamped_ = 0;
 };

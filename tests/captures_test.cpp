@@ -173,12 +173,15 @@ TEST(Import, Text) {
         "84 01\n50 00 04 00 00 00 00\n50 00 04 00 00 00 00\n52 00 03 02 01 7f\n54 07 03 02 01 73\n"
         "50 00 04 03 00 00 00\n52 ff 01 00\n54 00 01 0a\n50 00 04 b3 b1 ff ff\n52 00 01 00\n",
         0, summary(5, 5, 0, 0));
-    // Without a time; times that begin too late are far from the trace's start.
+    // No frame has a time; the first ones have none.
     expect_import("R 01\nT 02", "-p ni2", "00 00 00 00 00 00", "19 01\n52 01 01\n54 01 02\n", 0, summary(2, 2, 0, 0));
-    expect_import(
-        "R 01\n19500000 T 02", "-p ni2", "00 00 00 00 00 00",
-        "19 01\n52 01 01\n50 04 00 00 00 00\n50 04 66 66 66 e6\n54 01 02\n", 1,
-        summary(2, 2, 0, 0) + "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n");
+    const std::string late = "R [7] 01\nT" + repeated(" 41", 255) + "\n100.123 R [8] 03\n100.128 R [9] 04";
+    expect_import(late, "-p 132", AT_100_S,
+                  "84 01\n52 07 01 01\n54 00 ff" + repeated(" 41", 255) +
+                      "\n50 00 04 00 00 00 00\n50 00 04 00 00 00 00\n52 08 01 03\n50 00 04 01 00 00 00\n52 09 01 04\n",
+                  0, summary(4, 4, 0, 0));
+    expect_import("R 01\n100.123 T 02\n99 R 03", "-p dass2", AT_100_S, "14 01\n52 01 01\n54 01 02\n52 01 03\n", 0,
+                  summary(3, 3, 0, 0));
     // Before 1970; the furthest that tick counts reach.
     expect_import("1969-12-31 23:59:59.9 R 00", "-p ni2", "ff ff ff ff 84 03",
                   "19 01\n50 04 00 00 00 00\n50 04 00 00 00 00\n52 01 00\n", 0, summary(1, 1, 0, 0));
@@ -188,6 +191,18 @@ TEST(Import, Text) {
         "50 04 67 66 66 e6\n52 01 02\n",
         1,
         summary(3, 3, 0, 0) + "quandrix-import: 2 frames have the nearest time that a trace can hold, not their own\n");
+}
+
+// So many frames before the first time that they are not held until it comes.
+TEST(Import, TextWhoseFirstTimeIsLate) {
+    const Folder folder;
+    const Folder::Outcome outcome = run(folder,
+                                        "{ yes R 41 | head -n 400000; echo 1795255200 R 42; } | "
+                                        "IMPORT -p ni2 - trace; head -c 15 trace");
+    EXPECT_EQ(outcome.terminal,
+              summary(400001, 400001, 0, 0) +
+                  "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n" +
+                  ZERO_HEADER + bytes_of("19 01 52 01 41"));
 }
 
 TEST(Import, TextThatIsNoFrame) {
