@@ -11,6 +11,9 @@ const char* trouble_of(const Packet& packet) {
     if (packet.trouble != nullptr || packet.other) {
         return packet.trouble;
     }
+    if (packet.cut) {
+        return "cut by the snap length";
+    }
     if (packet.frame.octets.empty()) {
         return "a frame of no octets";
     }

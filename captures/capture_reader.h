@@ -10,6 +10,7 @@ struct Packet {
     Frame frame{};                  // its octets stand until the next packet is taken; here also none or too many
     bool other = false;             // no frame of the D channel, and none that should be one
     bool wrong_fraction = false;    // of the second in its time, which counts as 0
+    bool cut = false;               // the capture does not have the frame's last octets
     const char* trouble = nullptr;  // why there is no frame though there should be
 };
 

@@ -96,8 +96,6 @@ bool PcapReader::next(Packet& packet) {
     }
     constexpr std::int64_t FAR_OFF = std::int64_t{1} << 40U;  // can be counted in microseconds
     set_time(packet, std::clamp<std::int64_t>(header->ts.tv_sec, -FAR_OFF, FAR_OFF), header->ts.tv_usec);
-    if (packet.trouble == nullptr && header->caplen < header->len) {
-        packet.trouble = "cut by the snap length";
-    }
+    packet.cut = header->caplen < header->len;
     return true;
 }

@@ -26,6 +26,8 @@ std::int64_t divide(std::int64_t time, std::int64_t unit) { return time / unit -
 TraceWriter::TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text)
     : trace_(trace), protocol_(protocol), hex_text_(hex_text), time_stamps_(!is_dpnss(Variant{protocol})) {}
 
+bool TraceWriter::has_lines() const { return protocol_ >= BASIC_RATE_FROM; }
+
 // The header, the protocol code and the tick resolution.
 void TraceWriter::write_head(std::int64_t when) {
     constexpr std::int64_t EARLIEST = std::numeric_limits<std::int32_t>::min() * MICROSECONDS;
@@ -43,7 +45,7 @@ void TraceWriter::write_head(std::int64_t when) {
 
 // Writes the records that are held.
 void TraceWriter::write_held() {
-    const std::size_t data_at = protocol_ >= BASIC_RATE_FROM ? 3 : 2;
+    const std::size_t data_at = has_lines() ? 3 : 2;
     for (std::span<const std::uint8_t> rest(held_); !rest.empty();) {
         const std::size_t size = data_at + rest[data_at - 1];
         write_line(rest.first(size));
@@ -105,7 +107,7 @@ void TraceWriter::write_record(std::int32_t marker, std::uint8_t line, std::span
     std::array<std::uint8_t, LONGEST_RECORD> record;
     auto* end = record.begin();
     *end++ = static_cast<std::uint8_t>(marker);
-    if (protocol_ >= BASIC_RATE_FROM) {
+    if (has_lines()) {
         *end++ = line;
     }
     *end++ = static_cast<std::uint8_t>(data.size());

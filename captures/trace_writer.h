@@ -25,6 +25,9 @@ class TraceWriter {
     // Writes what is still held; to be called last.
     void finish();
 
+    // Whether the trace tells of each frame which line it is of.
+    [[nodiscard]] bool has_lines() const;
+
     // How many frames had a time that a trace cannot say, and have the nearest one.
     [[nodiscard]] std::int64_t clamped() const { return clamped_; }
 

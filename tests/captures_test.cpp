@@ -98,6 +98,18 @@ TEST(Import, LeavesOutWhatCannotBeConverted) {
             summary(1, 8, 0, 7));
 }
 
+// Of each kind of trouble ten are named.
+TEST(Import, MuchTroubleIsCounted) {
+    std::string names;
+    for (int line = 1; line <= 10; ++line) {
+        names += left_out("line " + std::to_string(line), "not of the form [TIME] R|T [LINE] OCTETS");
+    }
+    expect_import(repeated("x\n", 10) + "R\nx\nR 01\nx\nR\n", "-p dass2", "00 00 00 00 00 00", "14 01\n52 01 01\n", 1,
+                  names + left_out("line 11", "a frame of no octets") + left_out("line 15", "a frame of no octets") +
+                      "quandrix-import: 2 more lines are left out: not of the form [TIME] R|T [LINE] OCTETS\n" +
+                      summary(1, 15, 0, 14));
+}
+
 // As many microseconds or more as a second has, in pcap files of microseconds and nanoseconds, and in EyeSDN files.
 TEST(Import, FractionsOfASecondThatAreNone) {
     const std::string wrong =
@@ -133,6 +145,38 @@ TEST(Import, LapdHasItsDirectionFromTheAddress) {
         trace += (row[0] == 'T' ? "54 0" : "52 0") + std::to_string((octets.size() + 1) / 3) + " " + octets + "\n";
     }
     expect_import(capture, "-p ni2", "00 00 00 00 00 00", trace, 0, summary(22, 22, 0, 0));
+}
+
+TEST(Import, Lines) {
+    // The line of what is no frame is not known; that of a frame which cannot be converted is.
+    const std::string capture = pcap_head(177) + packet(100, 123456, lapd("04", "00 00", "41")) +
+                                packet(1, 0, lapd("00", "00 03", "42")) + packet(1, 0, lapd("00", "00 00", "43")) +
+                                packet(1, 0, lapd("00", "00 ff", ""));
+    const std::string warning =
+        "quandrix-import: the frames are of 2 lines (0, 3), which a primary-rate trace does not tell apart: "
+        "take one with -l LINE, or give a basic-rate PROTOCOL\n";
+    const std::string trouble = left_out("packet 4", "a frame of no octets");
+    expect_import(capture, "-p dass2", AT_100_S, "14 01\n54 01 41\n52 01 42\n52 01 43\n", 1,
+                  trouble + summary(3, 4, 0, 1) + warning);
+    const std::string other_lines =
+        "quandrix-import: 2 frames from 4 packets; left out: 0 of other channels or layers, "
+        "2 of other lines, 0 not convertible\n";
+    expect_import(capture, "-p dass2 -l 0", AT_100_S, "14 01\n54 01 41\n52 01 43\n", 0, other_lines);
+    expect_import(capture + packet(1, 0, "00 04"), "-p 17 -l 255", "00 00 00 00 00 00", "11 01\n", 1,
+                  trouble + left_out("packet 5", "no LAPD frame") +
+                      "quandrix-import: 0 frames from 5 packets; left out: 0 of other channels or layers, "
+                      "3 of other lines, 2 not convertible\n");
+    expect_import("R [4] 01\nT [5] 02\n", "-p 255 -l 5", "00 00 00 00 00 00", "ff 01\n54 05 01 02\n", 0,
+                  "quandrix-import: 1 frames from 2 packets; left out: 0 of other channels or layers, "
+                  "1 of other lines, 0 not convertible\n");
+    std::string many;
+    for (int line = 20; line > 0; --line) {
+        many += "R [" + std::to_string(line) + "] 01\n";
+    }
+    expect_import(many, "-p 20", "00 00 00 00 00 00", "14 01\n" + repeated("52 01 01\n", 20), 1,
+                  summary(20, 20, 0, 0) +
+                      "quandrix-import: the frames are of 20 lines (1, 2, 3, 4, 5, 6, 7, 8, 9, 10, ...), which a "
+                      "primary-rate trace does not tell apart: take one with -l LINE, or give a basic-rate PROTOCOL\n");
 }
 
 TEST(Import, Pcapng) {
@@ -324,12 +368,24 @@ TEST(Captures, ThatCannotBeRead) {
     const Folder folder;
     folder.write("ethernet", pcap_head(1));
     folder.write("unknown", pcap_head(146));
+    folder.write("z", bytes_of("1f 8b 8 0 0 0 0 0"));
+    folder.write("xz",
+                 "\xFD"
+                 "7zXZ" +
+                     std::string(1, 0));
+    folder.write("bz", "BZh91AY&SY");
+    folder.write("zst", bytes_of("28 b5 2f fd 24 0"));
     folder.write("junk", bytes_of("0 1 2 3 4 5 6 7"));
     folder.write("empty", "");
     folder.write("t", frames(1));
     const std::pair<const char*, std::string> failures[] = {
         {"IMPORT -p 17 ethernet o", "quandrix-import: ethernet holds no ISDN frames: its link type is EN10MB\n"},
         {"IMPORT -p 17 junk o", "quandrix-import: junk is no capture: unknown file format\n"},
+        {"IMPORT -p 17 z o", "quandrix-import: z is compressed; use: zcat z | quandrix-import ... -\n"},
+        {"<z IMPORT -p 17 - o", "quandrix-import: - is compressed; use: zcat - | quandrix-import ... -\n"},
+        {"IMPORT -p 17 xz o", "quandrix-import: xz is compressed; use: xzcat xz | quandrix-import ... -\n"},
+        {"IMPORT -p 17 bz o", "quandrix-import: bz is compressed; use: bzcat bz | quandrix-import ... -\n"},
+        {"IMPORT -p 17 zst o", "quandrix-import: zst is compressed; use: zstdcat zst | quandrix-import ... -\n"},
         {"IMPORT -p 17 empty o", "quandrix-import: empty is no capture: it is empty\n"},
         {"IMPORT -p 17 none o", "quandrix-import: cannot open none: No such file or directory\n"},
         {"IMPORT -p 17 . o", "quandrix-import: cannot read .: Is a directory\n"},
@@ -345,7 +401,8 @@ TEST(Captures, ThatCannotBeRead) {
 }
 
 TEST(Captures, CommandLineThatIsWrong) {
-    const std::string import_usage = "quandrix-import: usage: quandrix-import [-d] -p PROTOCOL CAPTURE TRACE\n";
+    const std::string import_usage =
+        "quandrix-import: usage: quandrix-import [-d] [-l LINE] -p PROTOCOL CAPTURE TRACE\n";
     const std::string export_usage = "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n";
     const std::pair<const char*, const char*> failures[] = {
         {"IMPORT", "no -p PROTOCOL"},
@@ -356,6 +413,8 @@ TEST(Captures, CommandLineThatIsWrong) {
         {"IMPORT -p -1 t o", "no PROTOCOL (--help lists them): -1"},
         {"IMPORT -p 1x t o", "no PROTOCOL (--help lists them): 1x"},
         {"IMPORT -p '' t o", "no PROTOCOL (--help lists them): "},
+        {"IMPORT -p 1 -l 256 t o", "no LINE of 0 to 255: 256"},
+        {"IMPORT -p 1 -l '' t o", "no LINE of 0 to 255: "},
         {"IMPORT -p 1", "no CAPTURE"},
         {"IMPORT -p 1 t", "no TRACE"},
         {"IMPORT -p 1 t o x", "one word too many: x"},
