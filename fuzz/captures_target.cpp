@@ -9,7 +9,7 @@
 
 #include "captures/eyesdn_reader.h"
 #include "captures/eyesdn_writer.h"
-#include "captures/pcap_writer.h"
+#include "captures/pcapng_writer.h"
 #include "captures/text_reader.h"
 #include "captures/trace_frames.h"
 #include "captures/trace_writer.h"
@@ -26,10 +26,10 @@ void export_trace(std::uint8_t protocol) {
     BRItrace = protocol >= BASIC_RATE_FROM ? 1 : 0;
     Ticks_resolution = protocol;
     TraceFrames frames(trace_reader);
-    PcapWriter pcap(target);
+    PcapngWriter pcapng(target);
     EyesdnWriter eyesdn(target);
     for (Frame frame; frames.next(frame);) {
-        pcap.write(frame);
+        pcapng.write(frame);
         eyesdn.write(frame);
     }
 }

@@ -265,15 +265,43 @@ TEST(Import, TextThatIsNoFrame) {
                       left_out("line 5", "a frame of more than 255 octets") + summary(1, 4, 0, 3));
 }
 
+std::string words(std::initializer_list<unsigned> numbers) {
+    std::string bytes;
+    for (const unsigned number : numbers) {
+        bytes += little_endian(number);
+    }
+    return bytes;
+}
+
+// A pcapng file: its head, an interface of link type 177 that has the name of a line, a packet on an interface. Names
+// and packets are filled up to whole words.
+const std::string PCAPNG_HEAD = bytes_of("0a 0d 0d 0a 1c 00 00 00 4d 3c 2b 1a 01 00 00 00") + words({~0U, ~0U, 28});
+
+std::string interface(unsigned line) {
+    const std::string name = "line " + std::to_string(line);
+    const auto size = static_cast<unsigned>(name.size());
+    return words({1, 36, 177, 0, 2 + (size << 16U)}) + name + std::string(8 - size, 0) + words({0, 36});
+}
+
+std::string packet_on(unsigned interface, std::uint64_t microseconds, const std::string& octets) {
+    std::string bytes = bytes_of(octets);
+    const auto size = static_cast<unsigned>(bytes.size());
+    bytes.resize((size + 3) / 4 * 4);
+    const auto block = static_cast<unsigned>(bytes.size()) + 32;
+    return words({6, block, interface, static_cast<unsigned>(microseconds >> 32U), static_cast<unsigned>(microseconds),
+                  size, size}) +
+           bytes + words({block});
+}
+
 // Exports a hex trace, also as a binary one, and expects the capture and what is said.
 void expect_export(const std::string& body, int status, const std::string& capture, const std::string& messages,
-                   const std::string& header = AT_100_S) {
+                   const std::string& header = AT_100_S, const std::string& options = "") {
     const Folder folder;
     folder.write("hex", bytes_of(header + " 0 0 0 0") + body);
     folder.write("binary", bytes_of(header + " 0 0 0 0 " + body));
-    for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture",
-                                "cat binary | EXPORT - capture"}) {
-        const Folder::Outcome outcome = run(folder, command);
+    for (const std::string command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture",
+                                      "cat binary | EXPORT - capture"}) {
+        const Folder::Outcome outcome = run(folder, command + options);
         EXPECT_EQ(outcome.status, status) << command;
         EXPECT_EQ(outcome.terminal, messages) << command;
         EXPECT_EQ(folder.read("capture"), capture) << command;
@@ -285,30 +313,55 @@ std::string exported(int frames, int debug_records, int empty) {
            " debug records, " + std::to_string(empty) + " frames of no octets\n";
 }
 
-TEST(Export, PcapOfLinuxLapd) {
+TEST(Export, PcapngOfLinuxLapd) {
     // Ticks of 10 ms from the first time stamp; the third one is before it.
     expect_export(
         "84 2 52 1 3 0 1 73 50 0 4 10 0 0 0 54 2 1 ff 44 0 4 1 2 3 4 50 0 6 67 0 0 0 41 42 54 3 0 52 4 1 7f 50 0 3 1 2 "
         "3 "
         "50 0 4 c 0 0 0 54 5 1 41",
         0,
-        pcap_head(177) + packet(100, 123000, lapd("00", "00 01", "00 01 73")) +
-            packet(100, 123000, lapd("04", "00 02", "ff")) + packet(100, 993000, lapd("00", "00 04", "7f")) +
-            packet(100, 83000, lapd("04", "00 05", "41")),
+        PCAPNG_HEAD + interface(1) + packet_on(0, 100123000, lapd("00", "00 01", "00 01 73")) + interface(2) +
+            packet_on(1, 100123000, lapd("04", "00 02", "ff")) + interface(4) +
+            packet_on(2, 100993000, lapd("00", "00 04", "7f")) + interface(5) +
+            packet_on(3, 100083000, lapd("04", "00 05", "41")),
         exported(4, 1, 1));
     const std::string longest = repeated(" 41", 255);
-    expect_export("ff 2 52 0 ff" + longest, 0, pcap_head(177) + packet(100, 123000, lapd("00", "00 00", longest)),
+    expect_export("ff 2 52 0 ff" + longest, 0,
+                  PCAPNG_HEAD + interface(0) + packet_on(0, 100123000, lapd("00", "00 00", longest)),
                   exported(1, 0, 0));
+    // Beyond 32 bits of microseconds, at 5000 s; without a frame.
+    expect_export("2 1 52 1 41", 0, PCAPNG_HEAD + interface(0) + packet_on(0, 5000000000, lapd("00", "00 00", "41")),
+                  exported(1, 0, 0), "88 13 0 0 0 0");
+    expect_export("2 1 44 0", 0, PCAPNG_HEAD + interface(0), exported(0, 1, 0));
 }
 
-// Before 1970; 5 ms before the first second that 32 bits can say; behind the last one, of which 48 ms are left.
+TEST(Export, Lines) {
+    const std::string trace = "80 1 52 7 1 41 52 c8 1 42 54 7 1 43 54 c8 0 44 7 0 52 0 1 45";
+    expect_export(trace, 0,
+                  PCAPNG_HEAD + interface(7) + packet_on(0, 100123000, lapd("00", "00 07", "41")) + interface(200) +
+                      packet_on(1, 100123000, lapd("00", "00 c8", "42")) +
+                      packet_on(0, 100123000, lapd("04", "00 07", "43")) + interface(0) +
+                      packet_on(2, 100123000, lapd("00", "00 00", "45")),
+                  exported(4, 1, 1));
+    expect_export(trace, 0,
+                  PCAPNG_HEAD + interface(7) + packet_on(0, 100123000, lapd("00", "00 07", "41")) +
+                      packet_on(0, 100123000, lapd("04", "00 07", "43")),
+                  "quandrix-export: 2 frames; left out: 3 of other lines, 1 debug records, 0 frames of no octets\n",
+                  AT_100_S, " -l 7");
+    expect_export("2 1 52 1 41", 0, PCAPNG_HEAD + interface(0),
+                  "quandrix-export: 0 frames; left out: 1 of other lines, 0 debug records, 0 frames of no octets\n",
+                  AT_100_S, " -l 7");
+}
+
+// Those before 1970, and those whose seconds are no number of 32 bits, are cut to the nearest one.
 TEST(Export, TimesFarOff) {
     const std::string frame = lapd("00", "00 00", "41");
-    expect_export("2 2 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 900000, frame), exported(1, 0, 0),
-                  "ff ff ff ff 84 3");
-    expect_export("2 1 50 4 1 0 0 0 50 4 0 0 0 0 52 1 41", 0, pcap_head(177) + packet(0x80000000, 995000, frame),
-                  exported(1, 0, 0), "0 0 0 80 0 0");
-    expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 48000, frame),
+    const std::string head = PCAPNG_HEAD + interface(0);
+    expect_export("2 2 52 1 41", 0, head + packet_on(0, 0, frame), exported(1, 0, 0), "ff ff ff ff 84 3");
+    expect_export("2 1 50 4 1 0 0 0 50 4 0 0 0 0 52 1 41", 0, head + packet_on(0, 0, frame), exported(1, 0, 0),
+                  "0 0 0 80 0 0");
+    // 2147483647.123 s and 2738041649.925 s: 4885525297.048 s.
+    expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, head + packet_on(0, 4294967295999999, frame),
                   exported(1, 0, 0), "ff ff ff 7f 7b 0");
 }
 
@@ -324,13 +377,14 @@ TEST(Export, EyesdnOfDass2AndDpnss) {
 }
 
 TEST(Export, DamageIsListedInTheWordsOfTheReport) {
-    const std::string frame = packet(100, 123000, lapd("00", "00 00", "41"));
+    const std::string frame = packet_on(0, 100123000, lapd("00", "00 00", "41"));
+    const std::string head = PCAPNG_HEAD + interface(0);
     expect_export(
-        "2 2 1 2 52 1 41 54 3 3 52 1 41", 0, pcap_head(177) + frame + frame,
+        "2 2 1 2 52 1 41 54 3 3 52 1 41", 0, head + frame + frame,
         "\nCORRUPT DATA ENCOUNTERED:\n01 02 \n\nCORRUPT DATA ENCOUNTERED: 54\n\nCORRUPT DATA ENCOUNTERED:\n03 03 "
         "\n" +
             exported(2, 0, 0));
-    expect_export("2 2 52 1 41 52 4 41", 1, pcap_head(177) + frame, "\n    ERROR ABORT \n" + exported(1, 0, 0));
+    expect_export("2 2 52 1 41 52 4 41", 1, head + frame, "\n    ERROR ABORT \n" + exported(1, 0, 0));
 }
 
 TEST(Captures, WayThereAndBack) {
@@ -403,7 +457,7 @@ TEST(Captures, ThatCannotBeRead) {
 TEST(Captures, CommandLineThatIsWrong) {
     const std::string import_usage =
         "quandrix-import: usage: quandrix-import [-d] [-l LINE] -p PROTOCOL CAPTURE TRACE\n";
-    const std::string export_usage = "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n";
+    const std::string export_usage = "quandrix-export: usage: quandrix-export [-d] [-l LINE] TRACE CAPTURE\n";
     const std::pair<const char*, const char*> failures[] = {
         {"IMPORT", "no -p PROTOCOL"},
         {"IMPORT t o", "no -p PROTOCOL"},
@@ -419,6 +473,7 @@ TEST(Captures, CommandLineThatIsWrong) {
         {"IMPORT -p 1 t", "no TRACE"},
         {"IMPORT -p 1 t o x", "one word too many: x"},
         {"EXPORT", "no TRACE"},
+        {"EXPORT t o -l -1", "no LINE of 0 to 255: -1"},
         {"EXPORT t o -dx", "unknown option -x"},
         {"EXPORT --hex t o", "unknown option --hex"},
         {"EXPORT --help=all t o", "unknown option --help=all"},
