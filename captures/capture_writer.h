@@ -2,7 +2,7 @@
 
 #include "captures/frame.h"
 
-// A capture written frame by frame.
+// Writes a capture frame by frame.
 class CaptureWriter {
  public:
     CaptureWriter() = default;

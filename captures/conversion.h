@@ -9,18 +9,18 @@
 #include "captures/capture_reader.h"
 #include "captures/trace_writer.h"
 
-// The way of a capture's frames into a trace. What cannot become a record is named on standard error as it is met, of
-// each kind of trouble the first ten.
+// Takes the frames of a capture into a trace. Names each packet that cannot become a record on standard error; of each
+// kind of trouble the first ten.
 class Conversion {
  public:
     // Takes only the frames of one line, if that is given.
     Conversion(CaptureReader& reader, TraceWriter& writer, std::optional<std::uint8_t> line)
         : reader_(reader), writer_(writer), line_(line) {}
 
-    // Takes the next packet; false at the end of the capture, when the trace is complete.
+    // Takes the next packet. False at the end of the capture; the trace is complete then.
     bool next();
 
-    // Says on standard error how much was converted, and what is not as it was. Whether all is.
+    // Says on standard error how much was converted, and what was lost. True when nothing was.
     bool tell_result() const;
 
  private:
@@ -42,6 +42,6 @@ class Conversion {
     std::int64_t of_other_lines_ = 0;
     std::int64_t unusable_ = 0;
     std::int64_t wrong_fractions_ = 0;
-    std::map<std::string, std::int64_t> troubles_;  // how often each was met
+    std::map<std::string, std::int64_t> troubles_;  // how often each kind was met
     std::bitset<256> lines_;                        // those of the frames taken
 };

@@ -75,7 +75,7 @@ std::unique_ptr<CaptureWriter> writer_for(Variant variant) {
     return std::make_unique<PcapngWriter>(capture);
 }
 
-// Writes the frames, and counts those that could be read. False when the trace ends early.
+// Writes the capture. False when the trace ends early.
 bool export_trace(const CommandLine& command, TraceFrames& frames) {
     try {
         open_trace(command);

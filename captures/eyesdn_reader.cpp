@@ -5,7 +5,7 @@
 
 namespace {
 
-// They have 40 bits; those before 1970 are below 0.
+// The seconds of the time: 40 bits, below 0 before 1970.
 std::int64_t seconds_in(std::span<const std::uint8_t> header) {
     return static_cast<std::int64_t>(high_octet_first(header.subspan(3, 5)) << 24U) >> 24U;
 }
@@ -41,7 +41,7 @@ bool EyesdnReader::read(std::span<std::uint8_t> octets) {
     return true;
 }
 
-// Goes to after the octet that begins the next record. Whether it is the next one.
+// Skips up to the octet that begins the next record, and takes it. True when there was nothing to skip.
 bool EyesdnReader::find_record() {
     bool skipped = false;
     while (octet() != InputStream::END) {

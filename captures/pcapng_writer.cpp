@@ -9,7 +9,7 @@
 
 namespace {
 
-// Numbers are in this machine's byte order, which the section header tells.
+// All numbers are in this machine's byte order. The section header tells which that is.
 using Words = std::span<const std::uint32_t>;
 
 constexpr std::uint32_t word_of(std::uint16_t first, std::uint16_t second) {
@@ -25,7 +25,7 @@ char* put(char* at, const void* bytes, std::size_t size) {
 
 char* put(char* at, Words words) { return put(at, words.data(), words.size_bytes()); }
 
-// Fills up to whole words what has been put since `begin`.
+// Pads what has been put since `begin` to whole words.
 char* put_padding(char* begin, char* at) {
     const std::size_t size = static_cast<std::size_t>(at - begin);
     std::memset(at, 0, padded(size) - size);
@@ -54,14 +54,14 @@ PcapngWriter::PcapngWriter(OutputStream& capture) : capture_(capture) {
     capture_.filled(put(capture_.room(), HEADER));
 }
 
-// Readers ask for an interface, also where there is no frame.
+// Some readers refuse a file without an interface.
 PcapngWriter::~PcapngWriter() {
     if (interfaces_ == 0) {
         write_interface(0);
     }
 }
 
-// Numbers of interfaces count in the order in which they are described.
+// The number of the line's interface. They are numbered in the order in which they are written.
 std::uint32_t PcapngWriter::interface_of(std::uint8_t line) {
     std::optional<std::uint32_t>& number = interface_of_line_[line];
     if (!number) {

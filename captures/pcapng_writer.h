@@ -7,8 +7,8 @@
 #include "captures/capture_writer.h"
 #include "io/output_stream.h"
 
-// Writes a pcapng file of link type 177 (LINUX_LAPD), taken on the user side. Every line is an interface with a name,
-// "line 4": tshark can filter by that, while it has no field for the line in the frame's header.
+// Writes a pcapng file of link type 177 (LINUX_LAPD), taken on the user side. Each line is an interface with a name
+// like "line 4", because tshark has a field for that name, and none for the line in the frame's header.
 class PcapngWriter : public CaptureWriter {
  public:
     explicit PcapngWriter(OutputStream& capture);

@@ -4,5 +4,5 @@
 #include <optional>
 #include <string_view>
 
-// The protocol code that a word of the command line stands for: a decimal number of 0 to 255, or a name like "net5".
+// The protocol code for a word of the command line: a decimal number of 0 to 255, or a name like "net5".
 std::optional<std::uint8_t> protocol_code(std::string_view word);

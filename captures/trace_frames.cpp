@@ -6,8 +6,7 @@
 
 namespace {
 
-// The time, or the nearest one whose seconds since 1970 are a number of 32 bits. The milliseconds may be below 0 or
-// above 999.
+// The time, or the nearest one that is 32 bits of seconds after 1970. The milliseconds may be below 0 or above 999.
 std::int64_t time_of(const Moment& moment) {
     constexpr std::int64_t LATEST = (std::int64_t{1} << 32U) * MICROSECONDS - 1;
     constexpr std::int64_t FAR_OFF = std::int64_t{1} << 40U;  // can be counted in microseconds
@@ -17,7 +16,7 @@ std::int64_t time_of(const Moment& moment) {
 
 }  // namespace
 
-// Takes note of the record. Whether it is a frame to be handed out.
+// Counts the record, and takes its time. True when it is a frame to hand out.
 bool TraceFrames::note_record() {
     if (record_.marker == TIME_STAMP_MARKER) {
         clock_.note(record_.octets());

@@ -7,15 +7,15 @@
 #include "trace/clock.h"
 #include "trace/trace_reader.h"
 
-// The frames of a trace, in order, with the times that its time-stamp records give them.
+// Reads the frames of a trace in order. The time-stamp records give their times.
 class TraceFrames {
  public:
     // Takes only the frames of one line, if that is given.
     explicit TraceFrames(TraceReader& reader, std::optional<std::uint8_t> line = std::nullopt)
         : reader_(reader), line_(line) {}
 
-    // Takes the next frame, which stands until the next call; false at the end of the trace. A trace that ends within a
-    // record aborts the run, as in the decoder.
+    // Takes the next frame, which is valid until the next call. False at the end of the trace. A trace that ends within
+    // a record aborts the run, as in the decoder.
     bool next(Frame& frame);
 
     // How many records next() has met so far.

@@ -61,7 +61,7 @@ void TraceWriter::begin(std::int64_t when) {
     begun_ = true;
 }
 
-// What the next frame needs before it to have that time.
+// Writes the time-stamp records that the next frame needs before it.
 void TraceWriter::write_time(std::int64_t when) {
     const std::uint32_t tick = tick_of(when);
     if (!last_tick_) {
@@ -123,7 +123,7 @@ void TraceWriter::write_raw(std::span<const std::uint8_t> bytes) {
     trace_.filled(std::ranges::copy(bytes, trace_.room()).out);
 }
 
-// Writes bytes in the trace's kind; in hex text a line of their own.
+// Writes bytes as binary, or as hex text in a line of their own.
 void TraceWriter::write_line(std::span<const std::uint8_t> bytes) {
     if (!hex_text_) {
         write_raw(bytes);

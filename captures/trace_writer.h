@@ -10,11 +10,11 @@
 
 // Writes a trace: binary, or as hex text of one record a line.
 //
-// - It starts at the time of the first frame that has one. The frames before it are held until then; more than 1 MiB of
-//   them are not, and the trace starts in 1970.
-// - A time-stamp record comes before every frame whose tick differs from that of the frame before, and two before the
-//   first one that has a time.
-// - DASS2 and DPNSS traces have no time-stamp records: their decoders know none.
+// - It starts at the time of the first frame that has one. Frames before that are held in memory. When they are more
+//   than 1 MiB, the trace starts in 1970.
+// - A time-stamp record comes before each frame whose tick differs from that of the frame before. Two come before the
+//   first frame that has a time.
+// - DASS2 and DPNSS traces have no time-stamp records, because their decoders know none.
 class TraceWriter {
  public:
     TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text);
@@ -22,13 +22,13 @@ class TraceWriter {
     // Writes a frame of 1..255 octets.
     void write(const Frame& frame);
 
-    // Writes what is still held; to be called last.
+    // Writes what is still held. To be called last.
     void finish();
 
-    // Whether the trace tells of each frame which line it is of.
+    // Whether records hold the number of their line.
     [[nodiscard]] bool has_lines() const;
 
-    // How many frames had a time that a trace cannot say, and have the nearest one.
+    // How many frames have the nearest time that the trace can hold, instead of their own.
     [[nodiscard]] std::int64_t clamped() const { return clamped_; }
 
  private:
@@ -48,7 +48,7 @@ class TraceWriter {
     const bool time_stamps_;
     bool begun_ = false;
     std::vector<std::uint8_t> held_;  // records before the trace has begun
-    std::int64_t start_ = 0;          // of the trace, as its header says it
+    std::int64_t start_ = 0;          // of the trace, in microseconds, as in its header
     std::optional<std::uint32_t> last_tick_;
     std::int64_t clamped_ = 0;
 };
