@@ -21,7 +21,7 @@ class Conversion {
     bool next();
 
     // Says on standard error how much was converted, and what was lost. True when nothing was.
-    bool tell_result() const;
+    [[nodiscard]] bool tell_result() const;
 
  private:
     void take(const Packet& packet);

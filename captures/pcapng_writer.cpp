@@ -27,7 +27,7 @@ char* put(char* at, Words words) { return put(at, words.data(), words.size_bytes
 
 // Pads what has been put since `begin` to whole words.
 char* put_padding(char* begin, char* at) {
-    const std::size_t size = static_cast<std::size_t>(at - begin);
+    const auto size = static_cast<std::size_t>(at - begin);
     std::memset(at, 0, padded(size) - size);
     return begin + padded(size);
 }

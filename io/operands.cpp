@@ -37,7 +37,9 @@ void open_source(InputStream& source, const char* name) {
 void create_target(OutputStream& target, const char* name, int source) {
     const int descriptor = is_standard(name) ? standard_output(source) : create_output(name, source);
     if (descriptor == OUTPUT_REFUSED) {
-        fail(std::string("cannot write ") + name + ": this run reads it, or has it as standard output or error");
+        fail(std::string("cannot write ") + name +
+             (is_standard(name) ? ": this run reads that file, or standard error goes to it too"
+                                : ": this run reads it, or has it as standard output or error"));
     }
     if (descriptor < 0) {
         fail_with_reason(std::string("cannot write ") + name);

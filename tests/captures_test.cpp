@@ -516,16 +516,17 @@ TEST(Captures, ThatCannotBeWritten) {
     folder.write("t", frames(1));
     folder.write("h", hex_trace);
     folder.write("text", "R 01\n");
+    const std::string refused_output = "cannot write -: this run reads that file, or standard error goes to it too\n";
     const std::string refused = ": this run reads it, or has it as standard output or error\n";
     const std::pair<const char*, std::string> failures[] = {
         {"EXPORT t ./t", "quandrix-export: cannot write ./t" + refused},
         {"ln text link; IMPORT -p 17 text link", "quandrix-import: cannot write link" + refused},
         {"<text IMPORT -p 17 - text", "quandrix-import: cannot write text" + refused},
-        {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
-        {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
-        {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: cannot write -" + refused},
-        {"IMPORT -p 17 text - >o 2>&1; s=$?; cat o; exit $s", "quandrix-import: cannot write -" + refused},
-        {"EXPORT t - >>o 2>>o; s=$?; tail -n 1 o; exit $s", "quandrix-export: cannot write -" + refused},
+        {"IMPORT -p 17 text - >>text", "quandrix-import: " + refused_output},
+        {"EXPORT t - 1<>t", "quandrix-export: " + refused_output},
+        {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: " + refused_output},
+        {"IMPORT -p 17 text - >o 2>&1; s=$?; cat o; exit $s", "quandrix-import: " + refused_output},
+        {"EXPORT t - >>o 2>>o; s=$?; tail -n 1 o; exit $s", "quandrix-export: " + refused_output},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
