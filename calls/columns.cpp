@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::string_view NOT_KNOWN = "-";
 
-std::string number_text(std::uint64_t number) { return std::to_string(number); }
+// 0 is no number.
+std::string number_text(std::uint64_t number) { return number == 0 ? std::string(NOT_KNOWN) : std::to_string(number); }
 
 template <typename Number>
 std::string number_text(const std::optional<Number>& number) {
@@ -142,7 +143,7 @@ std::string call_row(const Call& call, std::int64_t trace_start, std::string_vie
 
 std::string message_row(const Message& message, std::uint32_t no, std::int64_t trace_start, std::string_view trace) {
     std::string row;
-    add(row, no == 0 ? std::string(NOT_KNOWN) : number_text(no));
+    add(row, number_text(no));
     add(row, time_text(message.elapsed, trace_start));
     add(row, number_text(message.at));
     add(row, side_text(message.transmitted));

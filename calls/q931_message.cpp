@@ -67,22 +67,24 @@ void read_q931_message(Message& message, Variant variant, Octets& octets) {
     const std::uint64_t content = hash_of(octets.rest());
     const std::uint8_t discriminator = octets.next();
     const std::uint8_t length = octets.next();
-    const std::span<const std::uint8_t> value = octets.take(length);
+    const std::span<const std::uint8_t> given = octets.take(length);
     const std::uint8_t type = octets.next();
     if (octets.overrun() || length > 0x0F) {
         message.damaged = true;
         return;
     }
-    std::array<std::uint8_t, 0x0F> reference{};
-    std::ranges::copy(value, reference.begin());
-    reference[0] &= 0x7FU;
+    const bool flag_bit = length != 0 && (given[0] & 0x80) != 0;
+    std::array<std::uint8_t, 0x0F> octets_of_value{};
+    std::ranges::copy(given, octets_of_value.begin());
+    octets_of_value[0] &= 0x7FU;
+    const std::span<const std::uint8_t> reference(octets_of_value.data(), length);
 
     message.is_message = true;
     message.content = content;
-    message.reference = hexadecimal({reference.data(), length});
-    message.by_sender = length != 0 && (value[0] & 0x80) == 0;
+    message.reference = hexadecimal(reference);
+    message.by_sender = length != 0 && !flag_bit;
     const bool call_control = discriminator == CALL_CONTROL || discriminator == CALL_CONTROL_1TR6;
-    message.of_call = call_control && !is_null({reference.data(), length});
+    message.of_call = call_control && !is_null(reference);
     message.step = call_control ? step_of(type, discriminator) : Step::OTHER;
     message.name = full_name(type, is_maintenance(discriminator));
     read_elements(message, variant, octets);
