@@ -23,8 +23,12 @@ std::optional<std::uint32_t> RepeatedFrames::call_of_repeated(const Message& mes
     const unsigned number = *message.send_number;
     const unsigned back = (link.last - number) & 0x7FU;  // how many new frames follow the one of that number
     const Sent& sent = link.sent[number % WINDOW];
-    const bool repeated = back < WINDOW - 1 && sent.number == message.send_number && sent.content == message.content;
-    return repeated ? std::optional(sent.no) : std::nullopt;
+    return back < WINDOW - 1 && repeats(message, sent) ? std::optional(sent.no) : std::nullopt;
+}
+
+bool RepeatedFrames::repeats(const Message& message, const Sent& sent) {
+    const bool too_late = sent.time && message.elapsed && *message.elapsed - *sent.time > LONGEST_MS;
+    return sent.number == message.send_number && sent.content == message.content && !too_late;
 }
 
 void RepeatedFrames::keep(const Message& message, std::uint32_t no) {
@@ -36,7 +40,7 @@ void RepeatedFrames::keep(const Message& message, std::uint32_t no) {
     if (!message.tei) {
         link.sent = {};  // the one before counts alone
     }
-    link.sent[link.last % WINDOW] = {message.content, no, link.last};
+    link.sent[link.last % WINDOW] = {message.content, message.elapsed, no, link.last};
 }
 
 void RepeatedFrames::link_established(const Message& sabme) {

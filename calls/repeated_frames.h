@@ -25,8 +25,11 @@ class RepeatedFrames {
  private:
     static constexpr unsigned WINDOW = 8;  // more than the 7 frames that a sender may have under way on primary rate
 
+    static constexpr std::int64_t LONGEST_MS = 10'000;  // N200 times T200 is 3 to 4 seconds (Q.921 section 5.9)
+
     struct Sent {
         std::uint64_t content = 0;
+        std::optional<std::int64_t> time;
         std::uint32_t no = 0;
         std::optional<std::uint8_t> number;  // N(S)
     };
@@ -37,6 +40,7 @@ class RepeatedFrames {
         std::array<Sent, WINDOW> sent;
     };
 
+    [[nodiscard]] static bool repeats(const Message& message, const Sent& sent);
     [[nodiscard]] static std::string key(const Message& message, bool transmitted);
 
     std::unordered_map<std::string, Link> links_;
