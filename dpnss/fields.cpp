@@ -1,8 +1,8 @@
 #include "dpnss/fields.h"
 
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 

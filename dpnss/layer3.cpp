@@ -4,9 +4,9 @@
 #include <iterator>
 
 #include "dpnss/fields.h"
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 

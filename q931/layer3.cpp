@@ -1,10 +1,10 @@
 #include "q931/layer3.h"
 
-#include "driver/trace/trace_reader.h"
 #include "q931/codeset.h"
 #include "q931/ie_dispatch.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <span>
 
-#include "driver/trace/trace_stream.h"
-#include "report/output_stream.h"
+#include "io/input_stream.h"
+#include "io/output_stream.h"
 
 // The hex text that a binary trace is read as: two lower-case digits an octet, a blank between octets, and a line end
 // behind every 26, of which the first of all is not counted.
@@ -14,4 +14,4 @@
 char* hex_text(std::span<const std::uint8_t> octets, std::uint64_t position, char* text);
 
 // Turns the rest of a binary trace into hex text, or as much of it as can be written. It is still to be flushed.
-void write_hex_text(TraceStream& binary, OutputStream& text);
+void write_hex_text(InputStream& binary, OutputStream& text);

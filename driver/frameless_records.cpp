@@ -1,15 +1,17 @@
-#include "driver/records.h"
+#include "driver/frameless_records.h"
 
+#include <array>
 #include <cstdint>
 
 #include "driver/time_stamp.h"
-#include "driver/trace/trace_reader.h"
+#include "io/byte_order.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
-// Reads the length byte, and in a basic-rate trace the line byte in front of it, which is not shown.
+// Reads the length byte, and in a basic-rate trace the line byte before it, which is not shown.
 std::int32_t record_length() {
     if (BRItrace != 0) {
         input();
@@ -18,14 +20,14 @@ std::int32_t record_length() {
     return value;
 }
 
-// Reads a little-endian number of the given width in bytes.
-std::uint32_t little_endian(unsigned width) {
-    std::uint32_t number = 0;
-    for (unsigned shift = 0; shift < 8 * width; shift += 8) {
+// Reads a number of the given width in octets (at most 4), low octet first.
+std::uint32_t read_number(unsigned width) {
+    std::array<std::uint8_t, 4> octets{};
+    for (unsigned i = 0; i < width; ++i) {
         input();
-        number |= static_cast<std::uint32_t>(value) << shift;
+        octets[i] = static_cast<std::uint8_t>(value);
     }
-    return number;
+    return static_cast<std::uint32_t>(low_octet_first(octets));
 }
 
 // Reads and writes that many characters; none when the count is below 0.
@@ -40,13 +42,13 @@ void record_text(std::int32_t length) {
 
 void debug_record() {
     const std::int32_t length = record_length() - 4;
-    const std::uint32_t first = little_endian(2);
-    const std::uint32_t second = little_endian(2);
+    const std::uint32_t first = read_number(2);
+    const std::uint32_t second = read_number(2);
     text("****** DEBUG MESSAGE (length:");
     decimal(length);
     text(")******\n  ");
     record_text(length);
-    text(" 0x");  // the digits behind it are decimal all the same
+    text(" 0x");  // the digits after it are decimal all the same
     decimal(static_cast<std::int32_t>(first));
     text(" 0x");
     decimal(static_cast<std::int32_t>(second));
@@ -56,9 +58,8 @@ void debug_record() {
 }
 
 void time_stamp_record() {
-    static std::uint32_t tick_base = 0;  // tick count of the first time-stamp record
     const std::int32_t length = record_length() - 4;
-    const std::uint32_t ticks = little_endian(4);
+    const std::uint32_t ticks = read_number(4);
     if (First_Msg == 0) {
         tick_base = ticks;
     }

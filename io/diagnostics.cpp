@@ -1,4 +1,4 @@
-#include "captures/messages.h"
+#include "io/diagnostics.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -6,11 +6,8 @@
 #include <string>
 #include <system_error>
 
-#include "report/state.h"
-
 void say(std::string_view text) {
-    static_cast<void>(ofp.flush());
-    const std::string line = std::string(PROGRAM_NAME) + ": " + std::string(text) + "\n";
+    const std::string line = std::string(program_invocation_short_name) + ": " + std::string(text) + "\n";
     std::fputs(line.c_str(), stderr);
 }
 

@@ -1,10 +1,10 @@
-#include "report/output_stream.h"
+#include "io/output_stream.h"
 
 #include <unistd.h>
 
 #include <cstring>
 
-#include "report/file_access.h"
+#include "io/file_access.h"
 
 void OutputStream::attach(int descriptor, const char* name) {
     descriptor_ = descriptor;

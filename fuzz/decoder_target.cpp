@@ -10,17 +10,14 @@
 #include <vector>
 
 #include "driver/main_loop.h"
-#include "driver/trace/clock.h"
-#include "driver/trace/hex_text.h"
-#include "driver/trace/protocol.h"
-#include "driver/trace/trace_reader.h"
-#include "driver/trace/trace_stream.h"
-#include "report/run_end.h"
+#include "io/input_stream.h"
 #include "report/state.h"
+#include "trace/clock.h"
+#include "trace/hex_text.h"
+#include "trace/protocol.h"
+#include "trace/trace_reader.h"
 
 namespace {
-
-struct RunEnd {};
 
 // The text that a body is read as.
 std::span<const std::uint8_t> text_of(std::uint8_t kind, std::span<const std::uint8_t> body) {
@@ -35,16 +32,13 @@ std::span<const std::uint8_t> text_of(std::uint8_t kind, std::span<const std::ui
 
 }  // namespace
 
-// In the place of the program's own: the process goes on with the next input.
-void end_run(int /*status*/) { throw RunEnd(); }
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) {
         return 0;
     }
     const std::uint8_t kind = data[0];
     reset_state();
-    reset_reader();
+    trace_reader.reset();
     Timeb.time = static_cast<std::int32_t>(kind * 0x01010101U);
     Timeb.millitm = static_cast<std::uint16_t>(kind * 0x0101U);
     ifp.open(text_of(kind, {data + 1, size - 1}));
@@ -53,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         read_protocol();
         read_ticks_resolution();
         decode_records();
-    } catch (const RunEnd&) {
+    } catch (const RunAborted&) {
         // Most inputs end in the middle of a record.
     }
     return 0;

@@ -1,4 +1,4 @@
-#include "captures/files.h"
+#include "io/operands.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "captures/messages.h"
-#include "report/file_access.h"
-#include "report/output_file.h"
+#include "io/diagnostics.h"
+#include "io/file_access.h"
+#include "io/output_file.h"
 
 namespace {
 
@@ -21,12 +21,16 @@ int standard_output(int source) {
 
 }  // namespace
 
-void open_source(TraceStream& source, const char* name) {
-    const int descriptor = is_standard(name) ? STDIN_FILENO : ::open(name, O_RDONLY | O_CLOEXEC);
+int open_operand(const char* name) {
+    return is_standard(name) ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0) : ::open(name, O_RDONLY | O_CLOEXEC);
+}
+
+void open_source(InputStream& source, const char* name) {
+    const int descriptor = open_operand(name);
     if (descriptor < 0) {
         fail_with_reason(std::string("cannot open ") + name);
     }
-    source.take(descriptor, name);
+    source.open(descriptor, name);
 }
 
 void create_target(OutputStream& target, const char* name, int source) {

@@ -1,4 +1,4 @@
-#include "driver/trace/hex_text.h"
+#include "trace/hex_text.h"
 
 #include <algorithm>
 #include <cstring>
@@ -26,7 +26,7 @@ char* hex_text(std::span<const std::uint8_t> octets, std::uint64_t position, cha
     return text;
 }
 
-void write_hex_text(TraceStream& binary, OutputStream& text) {
+void write_hex_text(InputStream& binary, OutputStream& text) {
     std::uint64_t position = 0;
     for (auto block = binary.block(); !block.empty() && !text.lost(); block = binary.block()) {
         while (!block.empty()) {

@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <span>
 
-// A trace file read forward through one fixed buffer: as hexadecimal text by scan(), or as raw bytes by byte().
-class TraceStream {
+// A file read forward through one fixed buffer: as hexadecimal text by scan(), or as raw bytes by byte().
+class InputStream {
  public:
-    TraceStream() = default;
-    ~TraceStream() { close(); }
-    TraceStream(const TraceStream&) = delete;
-    TraceStream& operator=(const TraceStream&) = delete;
+    InputStream() = default;
+    ~InputStream() { close(); }
+    InputStream(const InputStream&) = delete;
+    InputStream& operator=(const InputStream&) = delete;
 
     // What byte() returns at the end of the file.
     static constexpr int END = -1;
@@ -21,14 +21,22 @@ class TraceStream {
     [[nodiscard]] bool open(const char* name);
 
     // Takes over an open file of that name, read from where it stands; below 0: there is nothing to read.
-    void take(int descriptor, const char* name);
-
-    // Takes over an open file of that name that holds `size` bytes, and goes to its first one. False when it cannot be
-    // read from there. If it ends sooner, a read has failed.
-    [[nodiscard]] bool open(int descriptor, const char* name, std::uint64_t size);
+    void open(int descriptor, const char* name);
 
     // Reads from memory instead, which must outlive the reading.
     void open(std::span<const std::uint8_t> memory);
+
+    // Takes over an open file of that name with `size` bytes, made of the file that was open, and goes to its first
+    // byte. False when it cannot be read from there. If it ends sooner, a read has failed; one that failed before still
+    // counts.
+    [[nodiscard]] bool go_on_in(int descriptor, const char* name, std::uint64_t size);
+
+    // Turns octets into what is read in their place: given those that begin at a position (from 0), writes at most 4
+    // bytes for each to `text`, and gives the end of what it wrote.
+    using Conversion = char* (*)(std::span<const std::uint8_t> octets, std::uint64_t position, char* text);
+
+    // Has all octets read through a conversion, block by block. To be called before the first of them is read.
+    void convert_by(Conversion conversion);
 
     // Goes to an offset from the start of the file. False when the file cannot be positioned (a pipe, a device).
     [[nodiscard]] bool seek(long offset);
@@ -39,7 +47,7 @@ class TraceStream {
     [[nodiscard]] bool scan(std::uint32_t& number);
 
     // Scans as many of the next numbers into `bytes` as are what traces are made of (a white space, two digits, a white
-    // space behind them) and wholly in the buffer. Gives how many, 0 when the next one is for scan().
+    // space after them) and wholly in the buffer. Gives how many, 0 when the next one is for scan().
     std::size_t scan_pairs(std::span<std::uint8_t> bytes);
 
     // The next byte, 0..255, or END.
@@ -60,7 +68,7 @@ class TraceStream {
     // does not set it.
     [[nodiscard]] bool eof() const { return eof_; }
 
-    // Name of the file that a read has failed of, in the whole life of the stream; null when none has.
+    // Name of the file that could not be read on, since open(); null when all reads went well.
     [[nodiscard]] const char* failed() const { return failed_; }
 
     // The open file; -1 when there is none.
@@ -70,6 +78,8 @@ class TraceStream {
     void close();
 
  private:
+    void take(int descriptor, const char* name);
+    std::ptrdiff_t read_into(std::span<std::uint8_t> room);
     bool fill();
     int refill() { return fill() ? *next_++ : END; }
     int skip_space();
@@ -81,11 +91,10 @@ class TraceStream {
     const char* name_ = "";
     const char* failed_ = nullptr;
     std::uint64_t size_ = 0;  // bytes still to be read, if that is known
+    Conversion conversion_ = nullptr;
+    std::uint64_t converted_ = 0;  // octets
     bool eof_ = false;
     const std::uint8_t* next_ = nullptr;
     const std::uint8_t* limit_ = nullptr;
     std::array<std::uint8_t, 65536> buffer_;
 };
-
-// The trace, or the hex text made from a binary one; opened by the driver.
-extern TraceStream ifp;

@@ -1,11 +1,10 @@
-#include "driver/trace/protocol.h"
+#include "trace/protocol.h"
 
 #include <algorithm>
 #include <iterator>
 
-#include "driver/trace/format.h"
-#include "driver/trace/trace_reader.h"
-#include "driver/trace/trace_stream.h"
+#include "trace/format.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
@@ -43,7 +42,7 @@ const Protocol& protocol(std::int32_t code) {
 std::int32_t scan_or_abort() {
     std::uint32_t number = 0;
     if (!ifp.scan(number)) {
-        abort_run();
+        trace_reader.abort_at_end();
     }
     return static_cast<std::int32_t>(number);
 }

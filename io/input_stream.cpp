@@ -1,4 +1,4 @@
-#include "driver/trace/trace_stream.h"
+#include "io/input_stream.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -7,9 +7,7 @@
 #include <cerrno>
 #include <limits>
 
-#include "report/file_access.h"
-
-TraceStream ifp;
+#include "io/file_access.h"
 
 namespace {
 
@@ -33,9 +31,9 @@ constexpr auto CLASSES = [] {
     return classes;
 }();
 
-// Class of what TraceStream::byte() returned; the end of the file belongs to no number and to no word.
+// Class of what InputStream::byte() returned; the end of the file belongs to no number and to no word.
 std::uint8_t class_of(int character) {
-    return character == TraceStream::END ? OTHER : CLASSES[static_cast<std::uint8_t>(character)];
+    return character == InputStream::END ? OTHER : CLASSES[static_cast<std::uint8_t>(character)];
 }
 
 // The next bytes of a file: how many, 0 at its end, below 0 when they cannot be read.
@@ -49,51 +47,77 @@ ssize_t read_some(int descriptor, std::span<std::uint8_t> buffer) {
 
 }  // namespace
 
-bool TraceStream::open(const char* name) {
+bool InputStream::open(const char* name) {
     const int descriptor = open_for_reading(name);
-    take(descriptor, name);
+    open(descriptor, name);
     return descriptor >= 0;
 }
 
-bool TraceStream::open(int descriptor, const char* name, std::uint64_t size) {
+void InputStream::open(int descriptor, const char* name) {
+    take(descriptor, name);
+    failed_ = nullptr;
+}
+
+void InputStream::open(std::span<const std::uint8_t> memory) {
+    open(-1, "");
+    next_ = memory.data();
+    limit_ = next_ + memory.size();
+}
+
+bool InputStream::go_on_in(int descriptor, const char* name, std::uint64_t size) {
     take(descriptor, name);
     size_ = size;
     return seek(0) && (::fcntl(descriptor, F_GETFL) & O_ACCMODE) != O_WRONLY;
 }
 
-void TraceStream::take(int descriptor, const char* name) {
+void InputStream::take(int descriptor, const char* name) {
     close();
     descriptor_ = descriptor;
     name_ = name;
     size_ = 0;
+    conversion_ = nullptr;
+    converted_ = 0;
     eof_ = false;
     next_ = limit_ = buffer_.data();
 }
 
-void TraceStream::open(std::span<const std::uint8_t> memory) {
-    take(-1, "");
-    next_ = memory.data();
-    limit_ = next_ + memory.size();
-}
-
 // It moves the file. NOLINTNEXTLINE(readability-make-member-function-const)
-bool TraceStream::seek(long offset) { return ::lseek(descriptor_, offset, SEEK_SET) == offset; }
+bool InputStream::seek(long offset) { return ::lseek(descriptor_, offset, SEEK_SET) == offset; }
 
-void TraceStream::close() {
+void InputStream::close() {
     if (descriptor_ >= 0) {
         ::close(descriptor_);
         descriptor_ = -1;
     }
 }
 
-// Fills the buffer anew, behind what is still unread. The end of the file is met once: it is not asked for again.
-bool TraceStream::fill() {
+void InputStream::convert_by(Conversion conversion) { conversion_ = conversion; }
+
+// Reads what comes next into the front of the room, converted. How many bytes, 0 at the end, below 0 on an error. What
+// is to be converted stands in the last quarter of the room: the text of it ends before an octet that is still needed.
+ssize_t InputStream::read_into(std::span<std::uint8_t> room) {
+    if (conversion_ == nullptr) {
+        return read_some(descriptor_, room);
+    }
+    const auto octets = room.last(room.size() / 4);
+    const ssize_t count = read_some(descriptor_, octets);
+    if (count <= 0) {
+        return count;
+    }
+    auto* const text = reinterpret_cast<char*>(room.data());
+    const char* const end = conversion_(octets.first(static_cast<std::size_t>(count)), converted_, text);
+    converted_ += static_cast<std::uint64_t>(count);
+    return end - text;
+}
+
+// Fills the buffer anew, after what is still unread. The end of the file is met once: it is not asked for again.
+bool InputStream::fill() {
     if (eof_) {
         return false;
     }
     std::uint8_t* const end = std::copy(next_, limit_, buffer_.data());
     const auto held = static_cast<std::size_t>(end - buffer_.data());
-    const ssize_t count = descriptor_ < 0 ? 0 : read_some(descriptor_, std::span(buffer_).subspan(held));
+    const ssize_t count = descriptor_ < 0 ? 0 : read_into(std::span(buffer_).subspan(held));
     eof_ = count <= 0;
     if (count < 0 || (eof_ && size_ != 0)) {
         failed_ = name_;
@@ -104,7 +128,7 @@ bool TraceStream::fill() {
     return !eof_;
 }
 
-std::span<const std::uint8_t> TraceStream::piece(std::size_t most) {
+std::span<const std::uint8_t> InputStream::piece(std::size_t most) {
     if (next_ == limit_ && !fill()) {
         return {};
     }
@@ -113,13 +137,13 @@ std::span<const std::uint8_t> TraceStream::piece(std::size_t most) {
     return {begin, next_};
 }
 
-std::span<const std::uint8_t> TraceStream::peek(std::size_t count) {
+std::span<const std::uint8_t> InputStream::peek(std::size_t count) {
     while (static_cast<std::size_t>(limit_ - next_) < count && fill()) {
     }
     return {next_, std::min(count, static_cast<std::size_t>(limit_ - next_))};
 }
 
-int TraceStream::skip_space() {
+int InputStream::skip_space() {
     int character = byte();
     while (class_of(character) == SPACE) {
         character = byte();
@@ -127,20 +151,20 @@ int TraceStream::skip_space() {
     return character;
 }
 
-void TraceStream::skip_word(int character) {
+void InputStream::skip_word(int character) {
     while (character != END && class_of(character) != SPACE) {
         character = byte();
     }
     put_back(character);
 }
 
-void TraceStream::put_back(int character) {
+void InputStream::put_back(int character) {
     if (character != END) {
         --next_;
     }
 }
 
-std::size_t TraceStream::scan_pairs(std::span<std::uint8_t> bytes) {
+std::size_t InputStream::scan_pairs(std::span<std::uint8_t> bytes) {
     std::size_t count = 0;
     for (; count < bytes.size() && limit_ - next_ >= 4; ++count) {
         const std::uint32_t high = CLASSES[next_[1]];
@@ -154,9 +178,9 @@ std::size_t TraceStream::scan_pairs(std::span<std::uint8_t> bytes) {
     return count;
 }
 
-// Takes the digits from the given character on, and "0x" in front of them, which alone is 0. A number of more than 64
-// bits is all ones whatever its sign. False when there is no digit. The character behind is left in `character`.
-bool TraceStream::scan_digits(int& character, bool negative, std::uint64_t& number) {
+// Takes the digits from the given character on, and "0x" before them, which alone is 0. A number of more than 64 bits
+// is all ones whatever its sign. False when there is no digit. The character after it is left in `character`.
+bool InputStream::scan_digits(int& character, bool negative, std::uint64_t& number) {
     bool digits = false;
     if (character == '0') {
         digits = true;
@@ -181,7 +205,7 @@ bool TraceStream::scan_digits(int& character, bool negative, std::uint64_t& numb
     return digits;
 }
 
-bool TraceStream::scan(std::uint32_t& number) {
+bool InputStream::scan(std::uint32_t& number) {
     for (;;) {
         int character = skip_space();
         if (character == END) {

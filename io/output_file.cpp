@@ -1,4 +1,4 @@
-#include "report/output_file.h"
+#include "io/output_file.h"
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -7,45 +7,48 @@
 #include <cerrno>
 #include <string>
 
-#include "report/file_access.h"
+#include "io/file_access.h"
 
 namespace {
 
 constexpr int MOST_TRIES = 100;  // of finding a file that is not removed before it is locked
 
-// Gives the group of a new file what it has on the source, if that has the same group. With an access control list the
-// group bits of the source say something else.
-void give_to_group(int descriptor, int source) {
-    struct stat like {};
-    struct stat created {};
-    if (::fstat(source, &like) != 0 || !S_ISREG(like.st_mode) || ::fstat(descriptor, &created) != 0 ||
-        created.st_gid != like.st_gid || ::fgetxattr(source, "system.posix_acl_access", nullptr, 0) > 0) {
-        return;
-    }
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(descriptor, (created.st_mode & 07707U) | (like.st_mode & 0060U & ~mask));
+bool has_access_control_list(int descriptor) {
+    return ::fgetxattr(descriptor, "system.posix_acl_access", nullptr, 0) > 0;
 }
 
-// The permissions that a new file begins with: in the group may be anybody, so it has what all others have.
-mode_t first_permissions(int source) {
+mode_t file_creation_mask() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return mask;
+}
+
+// Widens the permissions of a new file, which so far only its owner has. The members of its group get what all others
+// have on the source, unless the source has the same group.
+void widen_permissions(int descriptor, int source) {
     struct stat like {};
-    if (::fstat(source, &like) != 0 || !S_ISREG(like.st_mode)) {
-        return 0666;
+    struct stat created {};
+    if (has_access_control_list(source) || has_access_control_list(descriptor) || ::fstat(descriptor, &created) != 0) {
+        return;
     }
-    const mode_t others = like.st_mode & 0006U;
-    return 0600 | others << 3U | others;
+    mode_t mode = 0666;
+    if (::fstat(source, &like) == 0 && S_ISREG(like.st_mode)) {
+        const mode_t others = like.st_mode & 0006U;
+        const mode_t group = created.st_gid == like.st_gid ? like.st_mode & 0060U : others << 3U;
+        mode = 0600 | group | others;
+    }
+    ::fchmod(descriptor, mode & ~file_creation_mask());
 }
 
 int open_for_writing(const char* name, int flags, int source) {
+    constexpr mode_t OWNER_ALONE = 0600;
     flags |= O_CREAT;
-    const mode_t mode = first_permissions(source);
-    const int created = ::open(name, flags | O_EXCL | O_CLOEXEC, mode);
+    const int created = ::open(name, flags | O_EXCL | O_CLOEXEC, OWNER_ALONE);
     if (created >= 0) {
-        give_to_group(created, source);
+        widen_permissions(created, source);
         return created;
     }
-    const int descriptor = open_without_waiting(name, flags, mode);
+    const int descriptor = open_without_waiting(name, flags, OWNER_ALONE);
     // Only opening must not wait; writing into a pipe waits for its reader.
     if (descriptor >= 0 && ::fcntl(descriptor, F_SETFL, 0) != 0) {
         ::close(descriptor);

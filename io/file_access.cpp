@@ -1,4 +1,4 @@
-#include "report/file_access.h"
+#include "io/file_access.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
