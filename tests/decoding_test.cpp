@@ -189,6 +189,11 @@ std::string diff(const Folder& folder) {
         .terminal;
 }
 
+// What the program says after its banner and the protocol.
+std::string complaints(const std::string& terminal) {
+    return terminal.substr(terminal.find('\n', terminal.find("ISDN Protocol")) + 1);
+}
+
 // Decodes a trace. What differs from what is expected; nothing when it is the same.
 std::string differences(const Trial& trial, const std::string& trace, const std::string& option) {
     const Folder folder;
@@ -199,7 +204,7 @@ std::string differences(const Trial& trial, const std::string& trace, const std:
     std::string found;
     if (outcome.status != trial.status) {
         found = "expected exit status " + std::to_string(trial.status) + ", but it is " +
-                std::to_string(outcome.status) + ":\n" + outcome.terminal;
+                std::to_string(outcome.status) + "\n" + complaints(outcome.terminal);
     }
     if (report != expected) {
         folder.write("expected", expected);
@@ -214,18 +219,21 @@ TEST_P(Decoding, Report) {
     const Case& decoding = GetParam();
     const std::vector<int> variants = codes(decoding.variants);
     const bool whole = decoding.kind == "trace";
-    std::map<std::string, std::string> failures;  // what differs, under which codes
+    std::map<std::string, std::string> failures;  // what differs, and the codes under which it does
+    const auto note = [&](const std::string& found, const std::string& code) {
+        failures[found] += (failures[found].empty() ? "" : ", ") + code;
+    };
     for (const int variant : variants) {
         const Trial trial = trial_of(decoding, variant);
-        const std::string code = " " + std::to_string(variant);
-        failures[differences(trial, ZERO_HEADER + trial.trace, " -d")] += code;
+        const std::string code = std::to_string(variant);
+        note(differences(trial, ZERO_HEADER + trial.trace, " -d"), code);
         if (!whole && variant == variants[0]) {
-            failures[differences(trial, ZERO_HEADER + bytes_of(trial.trace), "")] += code + " (binary trace)";
+            note(differences(trial, ZERO_HEADER + bytes_of(trial.trace), ""), code + " as a binary trace");
         }
     }
     failures.erase("");
     for (const auto& [found, where] : failures) {
-        ADD_FAILURE_AT(decoding.file.c_str(), decoding.line) << decoding.title << "\nunder code" << where << ":\n"
+        ADD_FAILURE_AT(decoding.file.c_str(), decoding.line) << decoding.title << "\nunder code " << where << ":\n"
                                                              << found;
     }
     for (const Line& line : decoding.lines) {
