@@ -48,7 +48,7 @@ void open_trace(const CommandLine& command) {
     if (trace < 0) {
         fail_with_reason(std::string("cannot open ") + command.trace);
     }
-    if (!start_trace(trace, command.trace, command.hex_trace)) {
+    if (start_trace(trace, command.trace, command.hex_trace) == nullptr) {
         fail_with_reason(std::string("cannot read ") + command.trace);
     }
 }

@@ -4,17 +4,14 @@
 #include "driver/main_loop.h"
 #include "driver/start.h"
 #include "io/file_access.h"
-#include "report/lines.h"
 #include "report/state.h"
-#include "trace/protocol.h"
 #include "trace/trace_reader.h"
 
 namespace {
 
 // Names the protocol in the report and on the terminal.
 void show_protocol(const Protocol& protocol) {
-    text(BRItrace != 0 ? "BRI " : "PROTOCOL TYPE                 : PRI ");
-    text(protocol.report_text);
+    report_protocol(protocol);
     std::printf("ISDN Protocol: %s%s", BRItrace != 0 ? "BRI " : "PRI ", protocol.terminal_text);
 }
 

@@ -39,6 +39,11 @@ void decode_q931_record() {
 
 }  // namespace
 
+void report_protocol(const Protocol& protocol) {
+    text(BRItrace != 0 ? "BRI " : "PROTOCOL TYPE                 : PRI ");
+    text(protocol.report_text);
+}
+
 void decode_record() {
     if (is_dpnss(swit)) {
         decode_dpnss_record();

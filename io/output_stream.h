@@ -3,6 +3,18 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
+
+// Takes what a stream writes, instead of a file.
+class OutputSink {
+ public:
+    OutputSink() = default;
+    virtual ~OutputSink() = default;
+    OutputSink(const OutputSink&) = delete;
+    OutputSink& operator=(const OutputSink&) = delete;
+
+    virtual void take(std::string_view bytes) = 0;
+};
 
 // A file written forward through one fixed buffer, in whole blocks, so that none but the last ends within a page. After
 // a write that fails nothing more is written, and what is still put in is dropped.
@@ -15,6 +27,9 @@ class OutputStream {
     // outlive the stream.
     void attach(int descriptor, const char* name);
 
+    // Hands all that is written to a sink instead; it must outlive the stream's use.
+    void attach(OutputSink& sink);
+
     // Where the next bytes are to be put, LONGEST_PIECE at the most; filled() is told where they end. A full block is
     // written out first.
     char* room() {
@@ -24,6 +39,9 @@ class OutputStream {
         return next_;
     }
     void filled(char* end) { next_ = end; }
+
+    // Puts in bytes, as many as there are.
+    void write(std::string_view bytes);
 
     // Writes out what is buffered. False when any part of the file could not be written.
     [[nodiscard]] bool flush();
@@ -50,6 +68,7 @@ class OutputStream {
 
     int descriptor_ = -1;
     const char* name_ = "";
+    OutputSink* sink_ = nullptr;
     std::uint64_t written_ = 0;
     bool lost_ = false;
     std::array<char, BLOCK_SIZE + LONGEST_PIECE> buffer_;

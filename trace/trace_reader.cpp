@@ -19,6 +19,7 @@ void TraceReader::reset(ReaderObserver* observer) {
     observer_ = observer;
     DataBuffer = {};
     BlockSize = 0;
+    marker_found_ = false;
 }
 
 // Takes back the byte handed out last.
@@ -116,6 +117,7 @@ bool TraceReader::read_record_head(std::uint8_t& length) {
 [[gnu::noinline]] bool TraceReader::getBlock() {
     const std::int32_t header = BRItrace != 0 ? 3 : 2;
     while (findBlockStart()) {
+        marker_found_ = true;
         BlockStartPtr = prevRingPtr(DataBuffer.ReadPtr);
         std::uint8_t length = 0;
         if (!read_record_head(length)) {
@@ -126,6 +128,7 @@ bool TraceReader::read_record_head(std::uint8_t& length) {
         if (DataBuffer.Count < length) {
             return false;  // the last record may lack the byte after it, but none of its own
         }
+        marker_found_ = false;
         if (verifyBlock(atEnd)) {
             DataBuffer.ReadPtr = BlockStartPtr;
             DataBuffer.Count += header;
@@ -187,7 +190,7 @@ void TraceReader::abort_at_end() {
         abort_run(Abort::UNREADABLE);
     }
     text("\n    ERROR ABORT ");
-    abort_run(Abort::CUT);
+    abort_run(marker_found_ ? Abort::CUT : Abort::ENDED);
 }
 
 void input() {

@@ -17,6 +17,7 @@
 // Why a run ends early.
 enum class Abort {
     CUT,         // the trace ends within a record
+    ENDED,       // octets were wanted after its last record
     UNREADABLE,  // the system cannot read on
     NO_RECORD,   // DASS2 and DPNSS: no record where one is due
 };
@@ -26,7 +27,7 @@ struct RunAborted {
     Abort why;
 };
 
-[[noreturn]] void abort_run(Abort why);
+[[noreturn, gnu::cold]] void abort_run(Abort why);
 
 // A record whole.
 struct Record {
@@ -83,7 +84,7 @@ class TraceReader {
     [[nodiscard]] bool within_record() const { return BlockSize != 0; }
 
     // Aborts the run as a read does that meets the end of the trace.
-    [[noreturn]] void abort_at_end();
+    [[noreturn, gnu::cold]] void abort_at_end();
 
  private:
     // The longest record, held whole from its marker, and the byte after it.
@@ -122,6 +123,7 @@ class TraceReader {
 
     InputStream& stream_;
     ReaderObserver* observer_ = nullptr;
+    bool marker_found_ = false;  // of a record that is not yet known to be whole
     RingBuffer DataBuffer{};
     std::int32_t BlockSize = 0;      // bytes of the current record not yet handed out; 0: no current record
     std::int32_t BlockStartPtr = 0;  // position of the current record's marker

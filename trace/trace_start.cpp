@@ -2,19 +2,18 @@
 
 #include "trace/clock.h"
 #include "trace/hex_text.h"
-#include "trace/protocol.h"
 
-bool start_trace(int descriptor, const char* name, bool hex_trace, ReaderObserver* observer) {
+const Protocol* start_trace(int descriptor, const char* name, bool hex_trace, ReaderObserver* observer) {
     reset_state();
     trace_reader.reset(observer);
     ifp.open(descriptor, name);
     if (!take_header(descriptor)) {
-        return false;
+        return nullptr;
     }
     if (!hex_trace) {
         ifp.convert_by(hex_text);
     }
-    read_protocol();
+    const Protocol& protocol = read_protocol();
     read_ticks_resolution();
-    return true;
+    return &protocol;
 }
