@@ -84,7 +84,7 @@ bool add(std::vector<Case>& cases, const std::string& source) {
     static const std::regex title(R"(== (?:\[([0-9A-F]{2})\] )?(\w.*))");
     static const std::regex time(R"(@ ([0-9.]+))");
     static const std::regex message(R"(([RT]) (?:(\d+)\.)?(\d+) (?:#(\d+) )?([0-9A-F]+|-) (\w+)((?: .*)?))");
-    static const std::regex frame(R"(([RT]) (?:(\d+) )?frame:( .*))");
+    static const std::regex frame(R"(([RT]) (?:(\d+) )?frame:(.*))");
     static const std::regex table(R"(columns( -m)?: (.*))");
     static const std::regex row(R"(> (.*))");
     std::smatch part;
