@@ -117,7 +117,7 @@ void CallCourse::note_setup(const Message& setup) {
 
 bool CallCourse::repeats_setup(const Message& setup) const {
     const bool same = setup_content_ == setup.content && by_caller(setup) && to_all_ == (setup.tei == TEI_ALL);
-    if (!same || answered_ || restarted_ || cleared_by_caller()) {
+    if (!same || answered_ || connected_ != NONE || restarted_ || cleared_by_caller()) {
         return false;
     }
     const Time passed = difference(setup_time_, setup.elapsed);
