@@ -104,6 +104,7 @@ ssize_t InputStream::read_into(std::span<std::uint8_t> room) {
     if (count <= 0) {
         return count;
     }
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the bytes become characters
     auto* const text = reinterpret_cast<char*>(room.data());
     const char* const end = conversion_(octets.first(static_cast<std::size_t>(count)), converted_, text);
     converted_ += static_cast<std::uint64_t>(count);
