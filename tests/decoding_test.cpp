@@ -21,7 +21,7 @@ std::vector<int> codes(std::string list) {
 // An expected line.
 struct Line {
     std::string filter;  // where it is expected: "9 16", "!9 16" (not under these), "R", "T", or everywhere
-    std::string text;    // each '>' in front of it an indent more when transmitted
+    std::string text;    // each '>' before it is one more indent when transmitted
 
     [[nodiscard]] bool in(int variant, char direction) const {
         const bool all_but = filter.starts_with('!');
@@ -51,7 +51,7 @@ std::vector<Line> repeated(const std::vector<Line>& lines, std::ptrdiff_t count)
     return {first, first + count};
 }
 
-// "|line|[filter]line"; the filter is for all lines without their own, the column stands in front of all.
+// "|line|[filter]line". The filter is for all lines without their own; the column comes before every line.
 void add_lines(std::vector<Line>& lines, const std::string& filter, const std::string& column, std::string source) {
     static const std::regex element(R"(\|(\[[^\]]*\])?(>*)@([^|]*) (..) (..))");
     source = std::regex_replace(source, element, "|$1$2  1:           $3(0x$4)|$1  2:           IE Length(0x$5)");
