@@ -27,7 +27,7 @@ struct RunAborted {
     Abort why;
 };
 
-[[noreturn]] void abort_run(Abort why);
+[[noreturn, gnu::cold]] void abort_run(Abort why);
 
 // A whole record.
 struct Record {
@@ -85,7 +85,7 @@ class TraceReader {
 
     // Aborts the run because no further byte can be read. If the reason is the end of the trace, and not a failed read,
     // writes "ERROR ABORT" into the report.
-    [[noreturn]] void abort_at_end();
+    [[noreturn, gnu::cold]] void abort_at_end();
 
  private:
     // Holds the longest record, from its marker on, and the byte after it.
