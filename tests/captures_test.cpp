@@ -171,7 +171,7 @@ TEST(Import, Text) {
         summary(3, 3, 0, 0) + "quandrix-import: 2 frames have the nearest time that a trace can hold, not their own\n");
 }
 
-// Its seconds are a signed number of 32 bits. Where there are time stamps, they go on from there.
+// The seconds of a header are a signed number of 32 bits. If there are time stamps, they go on from there.
 TEST(Import, TimesThatAHeaderCannotHold) {
     const std::string first = "00 00 00 80 00 00";
     const std::string last = "ff ff ff 7f e7 03";
