@@ -46,7 +46,7 @@ extern std::uint32_t tick_base;        // tick count of the first time-stamp rec
 extern char cTimeStamp[100];           // line for the next frames; empty until the second time-stamp record
 
 // For a record: set by layer 2 from the head of a frame's record ---------------------------------------------------
-// Octets that a frame left unread can stand where a head is expected. They set only the TEI.
+// Octets that a frame left unread can come where a head is expected. They set only the TEI.
 
 extern std::int32_t flag;            // direction: 1 receive, 0 transmit
 extern std::int32_t msglen;          // octets of the record still unread, below 0 when too many were read; set
