@@ -14,7 +14,7 @@ namespace {
 
 bool is_standard(const char* name) { return std::string_view(name) == "-"; }
 
-// Standard output, unless it is a file that is read: what is written would be read again.
+// Standard output, unless it is the file that is read: the program would read what it writes.
 int standard_output(int source) {
     return is_regular_file(source) && same_file(source, STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;
 }

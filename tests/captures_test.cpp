@@ -1,4 +1,5 @@
-// quandrix-import and quandrix-export: each format by hand, the way there and back, and all that can be wrong.
+// quandrix-import and quandrix-export: each format by hand, from trace to capture and back, and everything that can
+// fail.
 #include "tests/program.h"
 
 namespace {
@@ -20,7 +21,7 @@ std::string pcap_head(unsigned link_type) {
     return bytes_of("d4 c3 b2 a1 02 00 04 00 00 00 00 00 00 00 00 00 ff ff 00 00") + little_endian(link_type);
 }
 
-// A packet of a pcap file; longer on the line than in the file by `cut` octets.
+// A packet of a pcap file; on the line it was longer by `cut` octets.
 std::string packet(unsigned seconds, unsigned microseconds, const std::string& octets, unsigned cut = 0) {
     const std::string bytes = bytes_of(octets);
     const auto size = static_cast<unsigned>(bytes.size());
@@ -41,7 +42,7 @@ std::string repeated(const std::string& text, unsigned count) {
     return result;
 }
 
-// Imports a capture, and expects the trace's header, its text behind that, and what is said.
+// Imports a capture, and expects the header of the trace, the text after it, the exit status and the messages.
 void expect_import(const std::string& capture, const std::string& options, const std::string& header,
                    const std::string& body, int status, const std::string& messages) {
     const Folder folder;
@@ -153,13 +154,13 @@ TEST(Import, Text) {
         "84 01\n50 00 04 00 00 00 00\n50 00 04 00 00 00 00\n52 00 03 02 01 7f\n54 07 03 02 01 73\n"
         "50 00 04 03 00 00 00\n52 ff 01 00\n54 00 01 0a\n50 00 04 b3 b1 ff ff\n52 00 01 00\n",
         0, summary(5, 5, 0, 0));
-    // Without a time; times that begin too late are far from the trace's start.
+    // Without times; then with a first time so late that no tick count reaches it.
     expect_import("R 01\nT 02", "-p ni2", "00 00 00 00 00 00", "19 01\n52 01 01\n54 01 02\n", 0, summary(2, 2, 0, 0));
     expect_import(
         "R 01\n19500000 T 02", "-p ni2", "00 00 00 00 00 00",
         "19 01\n52 01 01\n50 04 00 00 00 00\n50 04 66 66 66 e6\n54 01 02\n", 1,
         summary(2, 2, 0, 0) + "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n");
-    // Before 1970; the furthest that tick counts reach.
+    // Before 1970; then times further off than tick counts reach.
     expect_import("1969-12-31 23:59:59.9 R 00", "-p ni2", "ff ff ff ff 84 03",
                   "19 01\n50 04 00 00 00 00\n50 04 00 00 00 00\n52 01 00\n", 0, summary(1, 1, 0, 0));
     expect_import(
@@ -170,7 +171,7 @@ TEST(Import, Text) {
         summary(3, 3, 0, 0) + "quandrix-import: 2 frames have the nearest time that a trace can hold, not their own\n");
 }
 
-// Its seconds are a signed number of 32 bits. Where there are time stamps, they go on from there.
+// The seconds of a header are a signed number of 32 bits. If there are time stamps, they go on from there.
 TEST(Import, TimesThatAHeaderCannotHold) {
     const std::string first = "00 00 00 80 00 00";
     const std::string last = "ff ff ff 7f e7 03";
@@ -201,7 +202,7 @@ TEST(Import, TextThatIsNoFrame) {
                       left_out("line 5", "a frame of more than 255 octets") + summary(1, 4, 0, 3));
 }
 
-// Exports a hex trace, also as a binary one, and expects the capture and what is said.
+// Exports a hex trace, also as a binary one, and expects the capture, the exit status and the messages.
 void expect_export(const std::string& body, int status, const std::string& capture, const std::string& messages,
                    const std::string& header = AT_100_S) {
     const Folder folder;
@@ -237,7 +238,7 @@ TEST(Export, PcapOfLinuxLapd) {
                   exported(1, 0, 0));
 }
 
-// Before 1970; 5 ms before the first second that 32 bits can say; behind the last one, of which 48 ms are left.
+// Before 1970; 5 ms before the first second that 32 bits can express; a time after the last one, shown as its 48 ms.
 TEST(Export, TimesFarOff) {
     const std::string frame = lapd("00", "00 00", "41");
     expect_export("2 2 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 900000, frame), exported(1, 0, 0),
@@ -270,8 +271,8 @@ TEST(Export, DamageIsListedInTheWordsOfTheReport) {
 }
 
 TEST(Captures, WayThereAndBack) {
-    // The second capture has the same frames, directions, lines and times as the first, and the report differs from the
-    // first one in stamps, debug and damage alone.
+    // The second capture has the same frames, directions, lines and times as the first. The report differs from the
+    // first one only in time stamps, debug records and damage.
     const Folder folder;
     const Folder::Outcome outcome = run(folder, R"(
 lines() { grep -vE '^ *$|Time Stamp :|TRACE START TIME|DEBUG|line 1 in sync|clock sync|CORRUPT DATA|ERROR ABORT|^([0-9A-F]{2} )+$' | sed 's/^ *T/T/'; }
@@ -289,7 +290,7 @@ done)");
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
-// Where a pipe's own permissions say nothing.
+// A trace that comes from a pipe: the permissions of the pipe do not count.
 TEST(Captures, PermissionsOfNewFiles) {
     const Folder folder;
     folder.write("text", "R 02 01 7f\n");
@@ -329,7 +330,7 @@ TEST(Captures, ThatCannotBeRead) {
          {"", "t o", "-p", "-p net6 t o", "-p 256 t o", "-p -1 t o", "-p 1x t o", "-p 1", "-p 1 t o x"}) {
         EXPECT_TRUE(run(folder, std::string("IMPORT ") + arguments).terminal.starts_with(usage)) << arguments;
     }
-    // Every name in the usage text is one that is taken.
+    // Every name in the usage text is accepted.
     EXPECT_EQ(run(folder,
                   "echo R 01 >text; for name in $(IMPORT 2>&1 | sed -n 's/.*one of//p'); do "
                   "IMPORT -d -p $name text $name 2>said || exit; tail -c +11 $name | head -n 1; done")
@@ -367,7 +368,7 @@ TEST(Captures, ThatCannotBeWritten) {
     EXPECT_EQ(folder.read("text"), "R 01\n");
 }
 
-// Few and many bits changed by chance: the programs end and say why, and no sanitizer complains.
+// A few or many bits changed at random: the programs end with a message, and no sanitizer complains.
 TEST(Captures, DamagedOnesEndWithStatus0Or1) {
     const Folder folder;
     folder.write("lapd", pcap_head(203) + packet(1, 2, "00 01 00 00 08 01 01 05") + packet(3, 4, "02 01 01 02"));
