@@ -61,7 +61,7 @@ void TraceWalk::start_pass() {
 }
 
 // False at the end of the trace.
-bool TraceWalk::make_pass() {
+bool TraceWalk::make_pass() const {
     if (report_ended_) {
         Record record;
         return trace_reader.next_record(record);  // found() takes note of it
@@ -78,8 +78,9 @@ void TraceWalk::end_pass() {
     const std::string_view text(text_);
     pass_.corrupt_data = text.substr(0, frame_from_);
     pass_.text = text.substr(frame_from_);
-    pass_.out_of_step = pass_.out_of_step || (!report_ended_ && (started_within_ || trace_reader.within_record() ||
-                                                                 pass_.records.size() > 1));
+    pass_.out_of_step =
+        pass_.out_of_step ||
+        (!report_ended_ && (started_within_ || trace_reader.within_record() || pass_.records.size() > 1));
 }
 
 // The frames of a run that the decoder has ended are still read.

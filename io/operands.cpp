@@ -14,7 +14,8 @@ namespace {
 
 bool is_standard(const char* name) { return std::string_view(name) == "-"; }
 
-// Standard output, unless it is a file that is read (what is written would be read again) or that the messages go to.
+// Standard output, unless it is the file that is read (the program would read what it writes), or the file that the
+// messages go to.
 int standard_output(int source) {
     const bool taken = same_file(STDOUT_FILENO, source) || same_file(STDOUT_FILENO, STDERR_FILENO);
     return taken && is_regular_file(STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int VERSION_OPTION = 256;  // no letter
 
-// Shows a text on standard output, and ends the run.
+// Prints a text on standard output, and ends the run.
 [[noreturn]] void answer(const std::string& text) {
     const bool shown = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
     std::exit(shown ? EXIT_SUCCESS : EXIT_FAILURE);

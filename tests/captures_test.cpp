@@ -1,4 +1,5 @@
-// quandrix-import and quandrix-export: each format by hand, the way there and back, and all that can be wrong.
+// quandrix-import and quandrix-export: each format by hand, from trace to capture and back, and everything that can
+// fail.
 #include "tests/program.h"
 
 namespace {
@@ -20,7 +21,7 @@ std::string pcap_head(unsigned link_type) {
     return bytes_of("d4 c3 b2 a1 02 00 04 00 00 00 00 00 00 00 00 00 ff ff 00 00") + little_endian(link_type);
 }
 
-// A packet of a pcap file; longer on the line than in the file by `cut` octets.
+// A packet of a pcap file; on the line it was longer by `cut` octets.
 std::string packet(unsigned seconds, unsigned microseconds, const std::string& octets, unsigned cut = 0) {
     const std::string bytes = bytes_of(octets);
     const auto size = static_cast<unsigned>(bytes.size());
@@ -41,7 +42,7 @@ std::string repeated(const std::string& text, unsigned count) {
     return result;
 }
 
-// Imports a capture, and expects the trace's header, its text behind that, and what is said.
+// Imports a capture, and expects the header of the trace, the text after it, the exit status and the messages.
 void expect_import(const std::string& capture, const std::string& options, const std::string& header,
                    const std::string& body, int status, const std::string& messages) {
     const Folder folder;
@@ -226,7 +227,7 @@ TEST(Import, Text) {
                   0, summary(4, 4, 0, 0));
     expect_import("R 01\n100.123 T 02\n99 R 03", "-p dass2", AT_100_S, "14 01\n52 01 01\n54 01 02\n52 01 03\n", 0,
                   summary(3, 3, 0, 0));
-    // Before 1970; the furthest that tick counts reach.
+    // Before 1970; then times further off than tick counts reach.
     expect_import("1969-12-31 23:59:59.9 R 00", "-p ni2", "ff ff ff ff 84 03",
                   "19 01\n50 04 00 00 00 00\n50 04 00 00 00 00\n52 01 00\n", 0, summary(1, 1, 0, 0));
     expect_import(
@@ -247,6 +248,21 @@ TEST(Import, TextWhoseFirstTimeIsLate) {
               summary(400001, 400001, 0, 0) +
                   "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n" +
                   ZERO_HEADER + bytes_of("19 01 52 01 41"));
+}
+
+// The seconds of a header are a signed number of 32 bits. If there are time stamps, they go on from there.
+TEST(Import, TimesThatAHeaderCannotHold) {
+    const std::string first = "00 00 00 80 00 00";
+    const std::string last = "ff ff ff 7f e7 03";
+    const std::string fits = summary(1, 1, 0, 0);
+    const std::string clamped =
+        fits + "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n";
+    expect_import("1901-12-13 20:45:52 R 00", "-p dass2", first, "14 01\n52 01 00\n", 0, fits);
+    expect_import("1901-12-13 20:45:51.999 R 00", "-p dass2", first, "14 01\n52 01 00\n", 1, clamped);
+    expect_import("2147483647.999 R 00", "-p dass2", last, "14 01\n52 01 00\n", 0, fits);
+    expect_import("2147483648 R 00", "-p dass2", last, "14 01\n52 01 00\n", 1, clamped);
+    expect_import("2147483648.5 R 00", "-p ni2", last, "19 01\n50 04 00 00 00 00\n50 04 64 00 00 00\n52 01 00\n", 0,
+                  fits);
 }
 
 TEST(Import, TextThatIsNoFrame) {
@@ -293,7 +309,7 @@ std::string packet_on(unsigned interface, std::uint64_t microseconds, const std:
            bytes + words({block});
 }
 
-// Exports a hex trace, also as a binary one, and expects the capture and what is said.
+// Exports a hex trace, also as a binary one, and expects the capture, the exit status and the messages.
 void expect_export(const std::string& body, int status, const std::string& capture, const std::string& messages,
                    const std::string& header = AT_100_S, const std::string& options = "") {
     const Folder folder;
@@ -388,8 +404,8 @@ TEST(Export, DamageIsListedInTheWordsOfTheReport) {
 }
 
 TEST(Captures, WayThereAndBack) {
-    // The second capture has the same frames, directions, lines and times as the first, and the report differs from the
-    // first one in stamps, debug and damage alone.
+    // The second capture has the same frames, directions, lines and times as the first. The report differs from the
+    // first one only in time stamps, debug records and damage.
     const Folder folder;
     const Folder::Outcome outcome = run(folder, R"(
 lines() { grep -vE '^ *$|Time Stamp :|TRACE START TIME|DEBUG|line 1 in sync|clock sync|CORRUPT DATA|ERROR ABORT|^([0-9A-F]{2} )+$' | sed 's/^ *T/T/'; }
@@ -407,7 +423,7 @@ done)");
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
-// Where a pipe's own permissions say nothing.
+// A trace that comes from a pipe: the permissions of the pipe do not count.
 TEST(Captures, PermissionsOfNewFiles) {
     const Folder folder;
     folder.write("text", "R 02 01 7f\n");
@@ -501,7 +517,7 @@ TEST(Captures, HelpAndVersion) {
         EXPECT_EQ(run(folder, program + " --version 2>&-").terminal, name + " " VERSION "\n");
         EXPECT_EQ(run(folder, program + " --help >/dev/full").status, 1);
     }
-    // Every name in the help is one that is taken.
+    // Every name in the help is accepted.
     EXPECT_EQ(run(folder,
                   "echo R 01 >text; for name in $(IMPORT -h | awk '/  -d /{ exit } names; /one of$/{ names = 1 }'); do "
                   "IMPORT -d text -p $name $name 2>said || exit; tail -c +11 $name | head -n 1; done")
@@ -542,7 +558,7 @@ TEST(Captures, ThatCannotBeWritten) {
     EXPECT_EQ(folder.read("text"), "R 01\n");
 }
 
-// Few and many bits changed by chance: the programs end and say why, and no sanitizer complains.
+// A few or many bits changed at random: the programs end with a message, and no sanitizer complains.
 TEST(Captures, DamagedOnesEndWithStatus0Or1) {
     const Folder folder;
     folder.write("lapd", pcap_head(203) + packet(1, 2, "00 01 00 00 08 01 01 05") + packet(3, 4, "02 01 01 02"));
