@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "calls/layer3.h"
-
 namespace {
 
 constexpr std::int64_t SETUP_REPEATED_MS = 10'000;
@@ -36,8 +34,9 @@ CallCourse::CallCourse(const Message& first, bool to_all)
 
 void CallCourse::take(const Message& message) {
     ++messages_;
-    if (by_caller(message)) {
-        add_numbers(message);
+    const bool repeated_setup = message.step == Step::SETUP && setup_content_;
+    if (by_caller(message) && !repeated_setup) {
+        numbers_.add(message);
     }
     if (message.step == Step::SETUP || message.step == Step::RESUME) {
         note_setup(message);
@@ -87,23 +86,6 @@ void CallCourse::note_reason(const Message& message) {
     const bool counts = !is_status(message.step) && !(to_all_ && is_clearing(message.step));
     if (!reason_ && counts && cleared_ == NONE && message.cause && message.cause->reason != Reason::NORMAL) {
         reason_ = message.cause;
-    }
-}
-
-void CallCourse::add_numbers(const Message& message) {
-    if (message.step == Step::SETUP && setup_content_) {
-        return;  // those of the first SETUP once more
-    }
-    if (!message.tei) {
-        has_selection_ = true;
-        to_ += message.selection;
-        return;
-    }
-    if (from_.empty()) {
-        from_ = message.from;
-    }
-    if (message.step == Step::SETUP || message.step == Step::INFORMATION) {
-        to_ += message.to;
     }
 }
 
@@ -279,8 +261,8 @@ Call CallCourse::call() const {
     call.by_transmitted = by_transmitted_;
     call.line = line_;
     call.reference = reference_;
-    call.from = has_selection_ ? std::string(calling_number(to_)) : from_;
-    call.to = has_selection_ ? called_number(to_) : to_;
+    call.from = numbers_.from();
+    call.to = numbers_.to();
     call.channel = channel_;
     if (alerted_) {
         call.alert = difference(start_, alert_time_);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "calls/call.h"
+#include "calls/call_numbers.h"
 #include "calls/message.h"
 
 constexpr std::uint8_t TEI_ALL = 127;  // SETUPs to all terminals go there
@@ -71,7 +72,6 @@ class CallCourse {
     std::size_t leg_of(const Message& message);
     void note_setup(const Message& setup);
     void note_answer(const Message& message, Leg& leg);
-    void add_numbers(const Message& message);
     void note_reason(const Message& message);
     void take_step(const Message& message, std::size_t leg);
     void alert(const Message& message);
@@ -86,14 +86,12 @@ class CallCourse {
     std::optional<std::uint8_t> line_;
     bool by_transmitted_;
     bool to_all_;
-    bool has_selection_ = false;  // DASS2 and DPNSS: to_ is the selection fields of the side that calls
-    bool acknowledged_ = false;   // the connected leg is the one that the network has chosen
-    bool answered_ = false;       // the other side has said something to the SETUP
-    bool only_setups_ = true;     // nothing but the SETUP has been said
+    bool acknowledged_ = false;  // the connected leg is the one that the network has chosen
+    bool answered_ = false;      // the other side has said something to the SETUP
+    bool only_setups_ = true;    // nothing but the SETUP has been said
     std::uint32_t messages_ = 0;
     std::string reference_;
-    std::string from_;
-    std::string to_;
+    CallNumbers numbers_;
     std::string channel_;
     std::string interface_;
     std::optional<std::uint64_t> setup_content_;
