@@ -4,6 +4,7 @@
 #include <deque>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "calls/call_course.h"
 #include "calls/channel_calls.h"
@@ -31,6 +32,11 @@ std::string call_key(const Message& message) {
     return key;
 }
 
+// And what those with one terminal are known by.
+std::string call_key_of_terminal(const Message& message) {
+    return call_key(message) + static_cast<char>(message.tei.value_or(0));
+}
+
 }  // namespace
 
 class CallTable::State {
@@ -48,7 +54,7 @@ class CallTable::State {
         if (message.step == Step::RESTART) {
             restart(message);
         }
-        const std::uint32_t no = message.of_call ? count(message) : 0;
+        const std::uint32_t no = message.of_call && !of_connection(message) ? count(message) : 0;
         repeated_.keep(message, no);
         return {no, false};
     }
@@ -77,13 +83,33 @@ class CallTable::State {
         return no;
     }
 
+    // Whether the message belongs to a signalling connection of Q.932, which has a call reference as calls have.
+    bool of_connection(const Message& message) {
+        if (connections_.empty() && message.step != Step::REGISTER) {
+            return false;
+        }
+        const std::string key = call_key_of_terminal(message);
+        const std::uint32_t no = latest_call(message);
+        if (message.step == Step::REGISTER && (no == 0 || course(no).is_over_for(message))) {
+            connections_.insert(key);
+            return true;
+        }
+        if (opens(message) || message.step == Step::RELEASE_COMPLETE) {
+            return connections_.erase(key) != 0 && !opens(message);
+        }
+        return connections_.contains(key);
+    }
+
+    // The last call of the message's key; 0: none.
+    [[nodiscard]] std::uint32_t latest_call(const Message& message) const {
+        return std::max(latest(to_all_, call_key(message)), latest(to_one_, call_key_of_terminal(message)));
+    }
+
     std::uint32_t call_of(const Message& message) {
-        const std::string to_all = call_key(message);
-        const std::string to_one = to_all + static_cast<char>(message.tei.value_or(0));
-        const std::uint32_t no = std::max(latest(to_all_, to_all), latest(to_one_, to_one));
+        const std::uint32_t no = latest_call(message);
         if (no == 0 || begins_another(message, course(no))) {
-            return goes_to_all(message, no) ? open(message, to_all_[to_all], true)
-                                            : open(message, to_one_[to_one], false);
+            return goes_to_all(message, no) ? open(message, to_all_[call_key(message)], true)
+                                            : open(message, to_one_[call_key_of_terminal(message)], false);
         }
         return no;
     }
@@ -124,6 +150,7 @@ class CallTable::State {
     std::deque<CallCourse> courses_;
     Latest to_all_;
     Latest to_one_;
+    std::unordered_set<std::string> connections_;  // open ones, by key of the terminal
     ChannelCalls on_channels_;
     RepeatedFrames repeated_;
 };
