@@ -1,6 +1,6 @@
 #include "captures/capture_reader.h"
 
-#include "driver/trace/format.h"
+#include "trace/format.h"
 
 const char* trouble_of(const Packet& packet) {
     if (packet.trouble != nullptr || packet.other) {

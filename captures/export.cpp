@@ -1,25 +1,19 @@
 // quandrix-export: the frames of a trace as a capture, a pcap file or, of DASS2 and DPNSS, an EyeSDN file.
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 #include "captures/eyesdn_writer.h"
-#include "captures/files.h"
-#include "captures/messages.h"
 #include "captures/pcap_writer.h"
 #include "captures/trace_frames.h"
-#include "driver/trace/clock.h"
-#include "driver/trace/hex_text.h"
-#include "driver/trace/protocol.h"
-#include "driver/trace/trace_stream.h"
-#include "report/file_access.h"
+#include "io/diagnostics.h"
+#include "io/file_access.h"
+#include "io/operands.h"
 #include "report/lines.h"
-#include "report/run_end.h"
-
-const char* const PROGRAM_NAME = "quandrix-export";
+#include "trace/trace_start.h"
 
 namespace {
 
@@ -30,7 +24,6 @@ struct CommandLine {
 };
 
 OutputStream capture;
-TraceFrames frames;
 
 CommandLine read_command_line(int argc, char** argv) {
     CommandLine command;
@@ -49,81 +42,55 @@ CommandLine read_command_line(int argc, char** argv) {
     return command;
 }
 
-// A file that goes when it is closed: its name is taken away at once.
-int create_temporary_file() {
-    const char* const wanted = std::getenv("TMPDIR");
-    const std::string folder = wanted != nullptr && *wanted != '\0' ? wanted : "/tmp";
-    std::string name = folder + "/quandrix-XXXXXX";
-    const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
-    if (descriptor < 0) {
-        fail_with_reason("cannot create a temporary file in " + folder);
+// Opens the trace, and reads it up to its first record.
+void open_trace(const CommandLine& command) {
+    const int trace = open_operand(command.trace);
+    if (trace < 0) {
+        fail_with_reason(std::string("cannot open ") + command.trace);
     }
-    ::unlink(name.c_str());
-    return descriptor;
-}
-
-// Turns the rest of the binary trace `ifp` into hex text in a temporary file, and opens that instead.
-void read_as_hex_text() {
-    static OutputStream hex_text;
-    const int descriptor = create_temporary_file();
-    hex_text.attach(descriptor, "the temporary file");
-    write_hex_text(ifp, hex_text);
-    if (!hex_text.flush() || !ifp.open(descriptor, hex_text.name(), hex_text.written())) {
-        fail("could not write all of the temporary file");
+    if (start_trace(trace, command.trace, command.hex_trace) == nullptr) {
+        fail_with_reason(std::string("cannot read ") + command.trace);
     }
 }
 
-// Opens the trace and reads it up to its first record. Gives a descriptor of it that stays open.
-int open_trace(const char* name, bool hex_trace) {
-    if (!ifp.open(name) || !ifp.seek(TRACE_HEADER_SIZE) || !read_header(ifp.descriptor())) {
-        fail(std::string("cannot read ") + name + ": it must be a file, and one that may be read");
+std::unique_ptr<CaptureWriter> writer_for(Variant variant) {
+    if (is_dpnss(variant)) {
+        return std::make_unique<EyesdnWriter>(capture);
     }
-    const int trace = ::dup(ifp.descriptor());
-    if (!hex_trace) {
-        read_as_hex_text();
-    }
-    read_protocol();
-    read_ticks_resolution();
-    return trace;
+    return std::make_unique<PcapWriter>(capture);
 }
 
-void write_frames() {
-    const bool dpnss = variant_is(PRI_DASS2, PRI_DPNSS_A, PRI_DPNSS_B);
-    dpnss ? write_eyesdn_header(capture) : write_pcap_header(capture);
-    const auto write_frame = dpnss ? write_eyesdn_frame : write_pcap_frame;
-    for (Frame frame; !capture.lost() && frames.next(frame);) {
-        write_frame(frame, capture);
+// Writes the frames, and counts those that could be read. False when the trace ends early.
+bool export_trace(const CommandLine& command, TraceFrames& frames) {
+    try {
+        open_trace(command);
+        create_target(capture, command.capture, ifp.descriptor());
+        const auto writer = writer_for(swit);
+        for (Frame frame; !capture.lost() && frames.next(frame);) {
+            writer->write(frame);
+        }
+        return true;
+    } catch (const RunAborted&) {
+        text("\n");
+        return false;
     }
-}
-
-// Closes the capture, tells what is in it, and exits.
-[[noreturn]] void finish(int status) {
-    if (ifp.failed() != nullptr) {
-        say(std::string("could not read all of ") + ifp.failed());
-        status = EXIT_FAILURE;
-    }
-    close_target(capture);
-    say(std::to_string(frames.frames()) + " frames; left out: " + std::to_string(frames.debug_records()) +
-        " debug records, " + std::to_string(frames.empty_frames()) + " frames of no octets");
-    std::exit(status);
 }
 
 }  // namespace
 
-// The reader's way out when the trace ends too early; it has said so in the report, which is standard error here.
-void end_run(int status) {
-    text("\n");
-    finish(status);
-}
-
 int main(int argc, char** argv) {
     prepare_streams();
     const CommandLine command = read_command_line(argc, argv);
-    reset_state();
-    reset_reader();
-    ofp.attach(STDERR_FILENO, "standard error");
-    const int trace = open_trace(command.trace, command.hex_trace);
-    create_target(capture, command.capture, trace);
-    write_frames();
-    finish(EXIT_SUCCESS);
+    ofp.attach(STDERR_FILENO, "standard error");  // the words of the report about corrupt data
+    TraceFrames frames(trace_reader);
+    bool whole = export_trace(command, frames);
+    static_cast<void>(ofp.flush());
+    if (ifp.failed() != nullptr) {
+        say(std::string("could not read all of ") + ifp.failed());
+        whole = false;
+    }
+    close_target(capture);
+    say(std::to_string(frames.frames()) + " frames; left out: " + std::to_string(frames.debug_records()) +
+        " debug records, " + std::to_string(frames.empty_frames()) + " frames of no octets");
+    return whole ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -1,21 +1,14 @@
 #include "captures/eyesdn_reader.h"
 
 #include "captures/eyesdn.h"
+#include "io/byte_order.h"
 
 namespace {
 
-std::uint64_t big_endian(std::span<const std::uint8_t> octets) {
-    std::uint64_t number = 0;
-    for (const std::uint8_t octet : octets) {
-        number = number << 8U | octet;
-    }
-    return number;
-}
-
 // Seconds have 40 bits; those before 1970 are below 0.
 std::int64_t time_of(std::span<const std::uint8_t> header) {
-    const auto seconds = static_cast<std::int64_t>(big_endian(header.subspan(3, 5)) << 24U) >> 24U;
-    return seconds * MICROSECONDS + static_cast<std::int64_t>(big_endian(header.first(3)));
+    const auto seconds = static_cast<std::int64_t>(high_octet_first(header.subspan(3, 5)) << 24U) >> 24U;
+    return seconds * MICROSECONDS + static_cast<std::int64_t>(high_octet_first(header.first(3)));
 }
 
 bool is_frame(std::uint8_t channel, unsigned protocol) {
@@ -26,22 +19,22 @@ bool is_frame(std::uint8_t channel, unsigned protocol) {
 
 // The next octet of the record, or END where the record or the file ends.
 int EyesdnReader::octet() {
-    int octet = record_begun_ ? TraceStream::END : stream_.byte();
+    int octet = record_begun_ ? InputStream::END : stream_.byte();
     const bool escaped = octet == EYESDN_ESCAPE;
     if (escaped) {
         octet = stream_.byte();
     }
     if (octet == EYESDN_RECORD) {
         record_begun_ = true;
-        return TraceStream::END;
+        return InputStream::END;
     }
-    return escaped && octet != TraceStream::END ? (octet + EYESDN_ESCAPED_BY) & 0xFF : octet;
+    return escaped && octet != InputStream::END ? (octet + EYESDN_ESCAPED_BY) & 0xFF : octet;
 }
 
 bool EyesdnReader::read(std::span<std::uint8_t> octets) {
     for (std::uint8_t& each : octets) {
         const int next = octet();
-        if (next == TraceStream::END) {
+        if (next == InputStream::END) {
             return false;
         }
         each = static_cast<std::uint8_t>(next);
@@ -49,10 +42,10 @@ bool EyesdnReader::read(std::span<std::uint8_t> octets) {
     return true;
 }
 
-// Goes behind the octet that begins the next record. Whether it is the next one.
+// Goes to after the octet that begins the next record. Whether it is the next one.
 bool EyesdnReader::find_record() {
     bool skipped = false;
-    while (octet() != TraceStream::END) {
+    while (octet() != InputStream::END) {
         skipped = true;
     }
     return !skipped;
@@ -70,7 +63,7 @@ bool EyesdnReader::next(Packet& packet) {
     record_begun_ = false;
     std::array<std::uint8_t, EYESDN_HEADER_SIZE> header{};
     const bool whole_header = read(header);
-    const std::span<std::uint8_t> octets(octets_.data(), big_endian(std::span(header).subspan(10)));
+    const std::span<std::uint8_t> octets(octets_.data(), high_octet_first(std::span(header).subspan(10)));
     if (!whole_header || !read(octets)) {
         packet.trouble = "the record is cut short";
         return true;

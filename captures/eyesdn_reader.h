@@ -3,13 +3,13 @@
 #include <array>
 
 #include "captures/capture_reader.h"
-#include "driver/trace/trace_stream.h"
+#include "io/input_stream.h"
 
 // Reads an EyeSDN file from behind its name. A record that another one begins in is given up; octets of no record count
 // as a packet.
 class EyesdnReader : public CaptureReader {
  public:
-    explicit EyesdnReader(TraceStream& stream) : stream_(stream) {}
+    explicit EyesdnReader(InputStream& stream) : stream_(stream) {}
 
     bool next(Packet& packet) override;
 
@@ -18,7 +18,7 @@ class EyesdnReader : public CaptureReader {
     int octet();
     bool read(std::span<std::uint8_t> octets);
 
-    TraceStream& stream_;
+    InputStream& stream_;
     std::int64_t number_ = 0;
     bool record_begun_ = false;  // the octet FF of the next record has been taken
     std::array<std::uint8_t, 65535> octets_;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "captures/eyesdn.h"
+#include "io/byte_order.h"
 
 namespace {
 
@@ -19,29 +20,23 @@ char* put_escaped(char* at, std::span<const std::uint8_t> octets) {
     return at;
 }
 
-void set_big_endian(std::span<std::uint8_t> octets, std::uint64_t number) {
-    for (std::size_t i = octets.size(); i-- > 0; number >>= 8U) {
-        octets[i] = static_cast<std::uint8_t>(number);
-    }
-}
-
 }  // namespace
 
-void write_eyesdn_header(OutputStream& capture) {
-    char* const at = capture.room();
+EyesdnWriter::EyesdnWriter(OutputStream& capture) : capture_(capture) {
+    char* const at = capture_.room();
     std::memcpy(at, EYESDN_NAME.data(), EYESDN_NAME.size());
-    capture.filled(at + EYESDN_NAME.size());
+    capture_.filled(at + EYESDN_NAME.size());
 }
 
-void write_eyesdn_frame(const Frame& frame, OutputStream& capture) {
+void EyesdnWriter::write(const Frame& frame) {
     std::array<std::uint8_t, EYESDN_HEADER_SIZE> header{};
     const std::span<std::uint8_t> octets(header);
-    set_big_endian(octets.subspan(0, 3), microseconds_of(frame.when));
-    set_big_endian(octets.subspan(3, 5), static_cast<std::uint64_t>(seconds_of(frame.when)));
+    set_high_octet_first(octets.subspan(0, 3), microseconds_of(frame.when));
+    set_high_octet_first(octets.subspan(3, 5), static_cast<std::uint64_t>(seconds_of(frame.when)));
     header[9] = static_cast<std::uint8_t>(EYESDN_DPNSS << 1U | (frame.transmitted ? 1U : 0U));
-    set_big_endian(octets.subspan(10, 2), frame.octets.size());
-    char* const at = capture.room();
+    set_high_octet_first(octets.subspan(10, 2), frame.octets.size());
+    char* const at = capture_.room();
     *at = static_cast<char>(EYESDN_RECORD);
-    capture.filled(put_escaped(at + 1, header));
-    capture.filled(put_escaped(capture.room(), frame.octets));
+    capture_.filled(put_escaped(at + 1, header));
+    capture_.filled(put_escaped(capture_.room(), frame.octets));
 }

@@ -1,8 +1,15 @@
 #pragma once
 
-#include "captures/frame.h"
-#include "report/output_stream.h"
+#include "captures/capture_writer.h"
+#include "io/output_stream.h"
 
-// Write an EyeSDN file of DPNSS frames on the D channel: its header, then frame by frame.
-void write_eyesdn_header(OutputStream& capture);
-void write_eyesdn_frame(const Frame& frame, OutputStream& capture);
+// Writes an EyeSDN file of DPNSS frames on the D channel; its header when made.
+class EyesdnWriter : public CaptureWriter {
+ public:
+    explicit EyesdnWriter(OutputStream& capture);
+
+    void write(const Frame& frame) override;
+
+ private:
+    OutputStream& capture_;
+};

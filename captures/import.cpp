@@ -12,20 +12,14 @@
 #include "captures/capture_reader.h"
 #include "captures/eyesdn.h"
 #include "captures/eyesdn_reader.h"
-#include "captures/files.h"
-#include "captures/messages.h"
 #include "captures/pcap_reader.h"
 #include "captures/text_reader.h"
 #include "captures/trace_writer.h"
-#include "driver/trace/trace_stream.h"
-#include "report/file_access.h"
-#include "report/run_end.h"
+#include "io/diagnostics.h"
+#include "io/file_access.h"
+#include "io/input_stream.h"
+#include "io/operands.h"
 #include "report/state.h"
-
-const char* const PROGRAM_NAME = "quandrix-import";
-
-// Nothing that import does ends a run early by the decoder's way out.
-void end_run(int status) { std::exit(status); }
 
 namespace {
 
@@ -99,7 +93,7 @@ bool is_text(std::string_view head) {
 }
 
 // The reader of the format that the stream's first octets show.
-std::unique_ptr<CaptureReader> reader_for(TraceStream& stream, const char* name) {
+std::unique_ptr<CaptureReader> reader_for(InputStream& stream, const char* name) {
     const auto octets = stream.peek(8);
     const std::string head(octets.begin(), octets.end());
     if (stream.failed() != nullptr) {
@@ -142,7 +136,7 @@ void convert(CaptureReader& reader, TraceWriter& writer, const OutputStream& tra
     writer.finish();
 }
 
-TraceStream source;
+InputStream source;
 OutputStream trace;
 
 }  // namespace

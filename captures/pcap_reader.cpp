@@ -6,14 +6,15 @@
 #include <limits>
 
 #include "captures/linux_lapd.h"
-#include "captures/messages.h"
+#include "io/byte_order.h"
+#include "io/diagnostics.h"
 
 namespace {
 
 // The rest of the stream as a file of stdio, which libpcap reads from.
-std::FILE* file_of(TraceStream& stream) {
+std::FILE* file_of(InputStream& stream) {
     const cookie_io_functions_t functions{.read = [](void* cookie, char* buffer, std::size_t size) -> ssize_t {
-                                              const auto octets = static_cast<TraceStream*>(cookie)->piece(size);
+                                              const auto octets = static_cast<InputStream*>(cookie)->piece(size);
                                               std::ranges::copy(octets, buffer);
                                               return static_cast<ssize_t>(octets.size());
                                           },
@@ -53,7 +54,7 @@ void read_lapd(std::span<const std::uint8_t> octets, Packet& packet) {
 }
 
 void read_linux_lapd(std::span<const std::uint8_t> octets, Packet& packet) {
-    if (octets.size() < LINUX_LAPD_HEADER_SIZE || (octets[14] << 8U | octets[15]) != LAPD_PROTOCOL ||
+    if (octets.size() < LINUX_LAPD_HEADER_SIZE || high_octet_first(octets.subspan(14, 2)) != LAPD_PROTOCOL ||
         (octets[1] != PACKET_INCOMING && octets[1] != PACKET_OUTGOING)) {
         packet.trouble = "no LAPD frame";
         return;
@@ -66,7 +67,7 @@ void read_linux_lapd(std::span<const std::uint8_t> octets, Packet& packet) {
 
 }  // namespace
 
-PcapReader::PcapReader(TraceStream& stream, const char* name) {
+PcapReader::PcapReader(InputStream& stream, const char* name) {
     std::array<char, PCAP_ERRBUF_SIZE> error{};
     std::FILE* const file = file_of(stream);
     pcap_.reset(file != nullptr ? pcap_fopen_offline(file, error.data()) : nullptr);
@@ -94,7 +95,11 @@ bool PcapReader::next(Packet& packet) {
         return true;
     }
     const std::span octets(data, header->caplen);
-    link_type_ == DLT_LAPD ? read_lapd(octets, packet) : read_linux_lapd(octets, packet);
+    if (link_type_ == DLT_LAPD) {
+        read_lapd(octets, packet);
+    } else {
+        read_linux_lapd(octets, packet);
+    }
     packet.frame.when = time_of(header->ts);
     if (packet.trouble == nullptr && header->caplen < header->len) {
         packet.trouble = "cut by the snap length";

@@ -6,14 +6,14 @@
 #include <string>
 
 #include "captures/capture_reader.h"
-#include "driver/trace/trace_stream.h"
+#include "io/input_stream.h"
 
 // Reads a pcap or pcapng file of link type LINUX_LAPD (177) or LAPD (203). Frames are turned to be seen from the user
 // side; those of link type 203 get their direction from the C/R bit (Q.921 section 3.3.2).
 class PcapReader : public CaptureReader {
  public:
     // Reads the file's head. A file that is no capture, or one of another link type, ends the run with a message.
-    PcapReader(TraceStream& stream, const char* name);
+    PcapReader(InputStream& stream, const char* name);
 
     bool next(Packet& packet) override;
 

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "captures/linux_lapd.h"
+#include "io/byte_order.h"
 
 namespace {
 
@@ -17,29 +18,28 @@ char* put(char* at, const Piece& piece) {
 
 std::array<std::uint8_t, LINUX_LAPD_HEADER_SIZE> lapd_header(const Frame& frame) {
     std::array<std::uint8_t, LINUX_LAPD_HEADER_SIZE> header{};
+    const std::span<std::uint8_t> octets(header);
     header[1] = frame.transmitted ? PACKET_OUTGOING : PACKET_INCOMING;
-    header[2] = ARPHRD_LAPD >> 8U;
-    header[3] = ARPHRD_LAPD & 0xFFU;
+    set_high_octet_first(octets.subspan(2, 2), ARPHRD_LAPD);
     header[5] = 2;
     header[7] = frame.line;
-    header[14] = LAPD_PROTOCOL >> 8U;
-    header[15] = LAPD_PROTOCOL & 0xFFU;
+    set_high_octet_first(octets.subspan(14, 2), LAPD_PROTOCOL);
     return header;
 }
 
 }  // namespace
 
-void write_pcap_header(OutputStream& capture) {
+PcapWriter::PcapWriter(OutputStream& capture) : capture_(capture) {
     constexpr std::uint32_t MAGIC = 0xA1B2C3D4;  // times in microseconds
     constexpr auto VERSION_2_4 = std::bit_cast<std::uint32_t>(std::array<std::uint16_t, 2>{2, 4});
     constexpr std::uint32_t SNAP_LENGTH = 65535;
     constexpr std::array<std::uint32_t, 6> HEADER{MAGIC, VERSION_2_4, 0, 0, SNAP_LENGTH, LINUX_LAPD_LINK_TYPE};
-    capture.filled(put(capture.room(), HEADER));
+    capture_.filled(put(capture_.room(), HEADER));
 }
 
-void write_pcap_frame(const Frame& frame, OutputStream& capture) {
+void PcapWriter::write(const Frame& frame) {
     const auto seconds = static_cast<std::uint32_t>(seconds_of(frame.when));
     const auto size = static_cast<std::uint32_t>(LINUX_LAPD_HEADER_SIZE + frame.octets.size());
     const std::array<std::uint32_t, 4> packet{seconds, microseconds_of(frame.when), size, size};
-    capture.filled(put(put(put(capture.room(), packet), lapd_header(frame)), frame.octets));
+    capture_.filled(put(put(put(capture_.room(), packet), lapd_header(frame)), frame.octets));
 }

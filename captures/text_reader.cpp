@@ -141,10 +141,10 @@ bool octets(Line& line, std::span<std::uint8_t> room, std::size_t& count) {
 // Takes the next line; false at the end of the text.
 bool TextReader::take_line() {
     int character = stream_.byte();
-    if (character == TraceStream::END) {
+    if (character == InputStream::END) {
         return false;
     }
-    for (length_ = 0; character != '\n' && character != TraceStream::END; character = stream_.byte()) {
+    for (length_ = 0; character != '\n' && character != InputStream::END; character = stream_.byte()) {
         if (length_ < line_.size()) {
             line_[length_] = static_cast<char>(character);
         }

@@ -5,14 +5,14 @@
 #include <string_view>
 
 #include "captures/capture_reader.h"
-#include "driver/trace/trace_stream.h"
+#include "io/input_stream.h"
 
 // Reads frames from text, a line each: "[TIME] R|T [LINE] OCTETS", TIME in seconds since 1970 with a fraction or as
 // "2026-11-22 10:00:00.120" (UTC), and that of the line before when there is none (no time until one has it); LINE a
 // decimal number in brackets; OCTETS in hexadecimal, two digits each. "#" begins a comment.
 class TextReader : public CaptureReader {
  public:
-    explicit TextReader(TraceStream& stream) : stream_(stream) {}
+    explicit TextReader(InputStream& stream) : stream_(stream) {}
 
     bool next(Packet& packet) override;
     [[nodiscard]] const char* unit() const override { return "line"; }
@@ -21,7 +21,7 @@ class TextReader : public CaptureReader {
     bool take_line();
     bool read_frame(std::string_view text, Frame& frame);
 
-    TraceStream& stream_;
+    InputStream& stream_;
     std::int64_t number_ = 0;
     std::optional<std::int64_t> when_;
     std::array<char, 4096> line_;           // without what goes beyond

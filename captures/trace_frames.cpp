@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "driver/trace/clock.h"
+#include "trace/clock.h"
 
 namespace {
 
@@ -19,26 +19,10 @@ std::int64_t time_of(const Moment& moment) {
 
 }  // namespace
 
-// Records of less than a tick count say no time.
-void TraceFrames::time_stamp() {
-    if (record_.length < 4) {
-        return;
-    }
-    std::uint32_t count = 0;
-    for (unsigned octet = 0; octet < 4; ++octet) {
-        count |= static_cast<std::uint32_t>(record_.data[octet]) << 8U * octet;
-    }
-    if (!stamped_) {
-        tick_base_ = count;
-        stamped_ = true;
-    }
-    ticks_ = count - tick_base_;
-}
-
 // Takes note of the record. Whether it is a frame to be handed out.
 bool TraceFrames::note_record() {
     if (record_.marker == TIME_STAMP_MARKER) {
-        time_stamp();
+        clock_.note(record_.octets());
     } else if (record_.marker == DEBUG_MARKER) {
         ++debug_records_;
     } else if (record_.length == 0) {
@@ -52,13 +36,13 @@ bool TraceFrames::note_record() {
 
 bool TraceFrames::next(Frame& frame) {
     do {
-        if (!next_record(record_)) {
+        if (!reader_.next_record(record_)) {
             return false;
         }
     } while (!note_record());
-    frame = {.when = time_of(moment_of(ticks_)),
+    frame = {.when = time_of(moment_of(clock_.ticks().value_or(0))),
              .transmitted = record_.marker == TRANSMIT_MARKER,
              .line = static_cast<std::uint8_t>(record_.line),
-             .octets = {record_.data.data(), static_cast<std::size_t>(record_.length)}};
+             .octets = record_.octets()};
     return true;
 }

@@ -5,35 +5,24 @@
 #include <cstring>
 #include <limits>
 
-#include "driver/trace/clock.h"
-#include "driver/trace/format.h"
-#include "report/lines.h"
+#include "io/byte_order.h"
+#include "io/hex_digits.h"
 #include "report/state.h"
+#include "trace/clock.h"
+#include "trace/format.h"
 
 namespace {
 
 constexpr std::uint8_t TICKS_RESOLUTION = 1;
 constexpr std::int64_t TICK = std::int64_t{1000} * TICKS_RESOLUTION * TICK_MS;  // in microseconds
 
-bool has_time_stamps(std::uint8_t protocol) {
-    return protocol != PRI_DASS2 && protocol != PRI_DPNSS_A && protocol != PRI_DPNSS_B;
-}
-
 // Rounds down, before the start too.
 std::int64_t divide(std::int64_t time, std::int64_t unit) { return time / unit - (time % unit < 0 ? 1 : 0); }
-
-// Puts the low octets of a number, low octet first.
-void set_little_endian(std::span<std::uint8_t> octets, std::uint32_t number) {
-    for (std::uint8_t& octet : octets) {
-        octet = static_cast<std::uint8_t>(number);
-        number >>= 8U;
-    }
-}
 
 }  // namespace
 
 TraceWriter::TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text)
-    : trace_(trace), protocol_(protocol), hex_text_(hex_text), time_stamps_(has_time_stamps(protocol)) {}
+    : trace_(trace), protocol_(protocol), hex_text_(hex_text), time_stamps_(!is_dpnss(Variant{protocol})) {}
 
 // The header, the protocol code and the tick resolution.
 void TraceWriter::write_head(std::int64_t when) {
@@ -43,15 +32,15 @@ void TraceWriter::write_head(std::int64_t when) {
     const std::uint32_t milliseconds = microseconds_of(start) / 1000;
     start_ = seconds_of(start) * MICROSECONDS + std::int64_t{milliseconds} * 1000;
     std::array<std::uint8_t, TRACE_HEADER_SIZE> header{};
-    set_little_endian(std::span(header).subspan(0, 4), static_cast<std::uint32_t>(seconds_of(start)));
-    set_little_endian(std::span(header).subspan(4, 2), milliseconds);
+    set_low_octet_first(std::span(header).subspan(0, 4), static_cast<std::uint32_t>(seconds_of(start)));
+    set_low_octet_first(std::span(header).subspan(4, 2), milliseconds);
     write_raw(header);
     write_line(std::array<std::uint8_t, 2>{protocol_, TICKS_RESOLUTION});
     clamped_ += !time_stamps_ && start != when ? 1 : 0;
     begun_ = true;
 }
 
-// What the next frame needs in front of it to have that time.
+// What the next frame needs before it to have that time.
 void TraceWriter::write_time(std::int64_t when) {
     const std::uint32_t tick = tick_of(when);
     if (!last_tick_) {
@@ -89,7 +78,7 @@ void TraceWriter::finish() {
 
 void TraceWriter::write_time_stamp(std::uint32_t tick) {
     std::array<std::uint8_t, 4> data{};
-    set_little_endian(data, tick);
+    set_low_octet_first(data, tick);
     write_record(TIME_STAMP_MARKER, 0, data);
 }
 

@@ -5,11 +5,11 @@
 #include <span>
 
 #include "captures/frame.h"
-#include "report/output_stream.h"
+#include "io/output_stream.h"
 
 // Writes a trace: binary, or as hex text of one record a line. It starts at the time of its first frame. A time-stamp
-// record stands in front of every frame whose tick differs from that of the frame before, and two in front of the first
-// one; DASS2 and DPNSS traces, whose decoders know none, hold none.
+// record comes before every frame whose tick differs from that of the frame before, and two before the first one; DASS2
+// and DPNSS traces, whose decoders know none, hold none.
 class TraceWriter {
  public:
     TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text);

@@ -1,51 +1,10 @@
 #include "dpnss/fields.h"
 
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
-
-std::string_view ds2_CauseText(std::int32_t code) {
-    switch (code) {
-        case 0x00: return "Number Unobtainable";
-        case 0x01: return "Address Incomplete";
-        case 0x02: return "Network Termination";
-        case 0x03: return "Service Unavailable";
-        case 0x04: return "Subscriber Incompatible";
-        case 0x05: return "Number Changed";
-        case 0x06: return "Invalid Request";
-        case 0x07: return "Network Busy";
-        case 0x08: return "Number Busy";
-        case 0x09: return "Line Out Of Service";
-        case 0x0A: return "Incoming Calls Barred";
-        case 0x0B: return "Outgoing Calls Barred";
-        case 0x12: return "Remote Procedure Error";
-        case 0x13: return "Service Incompatible";
-        case 0x14: return "Acknowledgement";
-        case 0x15: return "Signal Not Understood";
-        case 0x16: return "Signal Not Valid";
-        case 0x17: return "Service Temporarily Unavailable";
-        case 0x18: return "Facility Not Registered";
-        case 0x19: return "Reject";
-        case 0x1A: return "Message Not Understood";
-        case 0x1B: return "Signalling System Incompatible";
-        case 0x1C: return "Route Out Of Service";
-        case 0x1D: return "Transferred";
-        case 0x1E: return "Network Address Extension Error";
-        case 0x1F: return "No Reply";
-        case 0x20: return "Service Termination";
-        case 0x23: return "Channel Out Of Service";
-        case 0x24: return "Forced Release";
-        case 0x29: return "Access Barred";
-        case 0x2D: return "DTE Controlled Not Ready";
-        case 0x2E: return "DTE Uncontrolled Not Ready";
-        case 0x30: return "Normal Clearing";
-        case 0x32: return "Restricted Access";
-        case 0x33: return "Local Procedure Error";
-        default: return "Unknown Cause";
-    }
-}
 
 std::string_view maint_actionText(std::int32_t code) {
     switch (code) {
@@ -97,6 +56,47 @@ void character_field(std::string_view header) {
 }
 
 }  // namespace
+
+std::string_view ds2_CauseText(std::int32_t code) {
+    switch (code) {
+        case 0x00: return "Number Unobtainable";
+        case 0x01: return "Address Incomplete";
+        case 0x02: return "Network Termination";
+        case 0x03: return "Service Unavailable";
+        case 0x04: return "Subscriber Incompatible";
+        case 0x05: return "Number Changed";
+        case 0x06: return "Invalid Request";
+        case 0x07: return "Network Busy";
+        case 0x08: return "Number Busy";
+        case 0x09: return "Line Out Of Service";
+        case 0x0A: return "Incoming Calls Barred";
+        case 0x0B: return "Outgoing Calls Barred";
+        case 0x12: return "Remote Procedure Error";
+        case 0x13: return "Service Incompatible";
+        case 0x14: return "Acknowledgement";
+        case 0x15: return "Signal Not Understood";
+        case 0x16: return "Signal Not Valid";
+        case 0x17: return "Service Temporarily Unavailable";
+        case 0x18: return "Facility Not Registered";
+        case 0x19: return "Reject";
+        case 0x1A: return "Message Not Understood";
+        case 0x1B: return "Signalling System Incompatible";
+        case 0x1C: return "Route Out Of Service";
+        case 0x1D: return "Transferred";
+        case 0x1E: return "Network Address Extension Error";
+        case 0x1F: return "No Reply";
+        case 0x20: return "Service Termination";
+        case 0x23: return "Channel Out Of Service";
+        case 0x24: return "Forced Release";
+        case 0x29: return "Access Barred";
+        case 0x2D: return "DTE Controlled Not Ready";
+        case 0x2E: return "DTE Uncontrolled Not Ready";
+        case 0x30: return "Normal Clearing";
+        case 0x32: return "Restricted Access";
+        case 0x33: return "Local Procedure Error";
+        default: return "Unknown Cause";
+    }
+}
 
 // Service indicator code (BTNR 190)
 //   octet 1: ext | type of information 7..5 | data rate 4..1; octet 2 follows when ext is 1

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string_view>
+
 // The fields of DASS2 and DPNSS messages. The coded ones read their octets whether or not the record still has them;
 // the character fields read what is left of the record and print nothing, not even a title, when that is nothing.
 
@@ -9,3 +12,6 @@ void indication_field();    // characters to the end of the record
 void clear_rej_cause();     // one octet, with its text
 void maintenance_action();  // one octet, with its text
 void udc_control_field();   // one octet, with its text
+
+// The text of a clear/reject cause (0..255).
+std::string_view ds2_CauseText(std::int32_t code);

@@ -1,9 +1,8 @@
 #include "dpnss/layer2.h"
 
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
-#include "report/run_end.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
@@ -26,7 +25,7 @@ void ds2_debug_record() {
 
 [[noreturn]] void unknown_marker() {
     value_text("Invalid Tx/Rx value: 0x", value, "\n");
-    end_run(1);
+    abort_run(Abort::NO_RECORD);
 }
 
 // Whether a frame with that command/response bit is a command. What DPNSS A-End receives always is.

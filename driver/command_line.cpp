@@ -1,10 +1,7 @@
 #include "driver/command_line.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-
-CommandLine Parameter;
 
 namespace {
 
@@ -28,8 +25,8 @@ bool has_destination(int count, char** argv) {
     }
 }
 
-// Prints the usage text and ends the run.
-[[noreturn]] void print_msg() {
+// Prints the usage text.
+void print_msg() {
     std::fputs(
         "QUANDRIX Version 1.00-Alpha\n\n"
         "Usage: QUANDRIX SOURCE [DESTINATION] [options]\n"
@@ -41,7 +38,6 @@ bool has_destination(int count, char** argv) {
         "[-d]            To run the Hex trace file\n"
         "[-p|b]          ISDN Protocol [PRI|BRI]  (DEFAULT=PRI)\n",
         stdout);
-    std::exit(1);
 }
 
 }  // namespace
@@ -54,10 +50,12 @@ void velmarix_header() {
         stdout);
 }
 
-void read_command_line(int argc, char** argv) {
+std::optional<CommandLine> read_command_line(int argc, char** argv) {
     if (argc < 2) {
         print_msg();
+        return std::nullopt;
     }
+    CommandLine Parameter;
     Parameter.Source = argv[1];
     if (has_destination(argc - 1, argv)) {
         Parameter.Destination = argv[2];
@@ -71,6 +69,8 @@ void read_command_line(int argc, char** argv) {
         if (is_option(argv[i]) && !is_known_option(argv[i])) {
             std::fputs("Error - Invalid option\n", stdout);
             print_msg();
+            return std::nullopt;
         }
     }
+    return Parameter;
 }

@@ -10,11 +10,9 @@ struct CommandLine {
     const char* Option = nullptr;            // the argument that selected a hex trace; none for a binary one
 };
 
-extern CommandLine Parameter;
-
-// Fills Parameter from the arguments of main. Without a SOURCE, or with an option that is not known, prints why and
-// the usage text and exits with status 1.
-void read_command_line(int argc, char** argv);
+// Takes the arguments of main apart. None without a SOURCE, or with an option that is not known: then it has printed
+// why and the usage text.
+std::optional<CommandLine> read_command_line(int argc, char** argv);
 
 // Prints the banner on the terminal.
 void velmarix_header();

@@ -1,64 +1,58 @@
 #include <cstdio>
 
 #include "driver/command_line.h"
-#include "driver/files.h"
 #include "driver/main_loop.h"
-#include "driver/temporary_file.h"
-#include "driver/trace/protocol.h"
-#include "driver/trace/trace_reader.h"
-#include "driver/trace/trace_stream.h"
-#include "report/file_access.h"
-#include "report/lines.h"
-#include "report/run_end.h"
+#include "driver/start.h"
+#include "io/file_access.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
-void open_hex_trace() {
-    open_files("Seek Failed for Source File 1030\n");
-    std::fputs("KORVEL TRACE\n", stdout);
-}
-
-void open_binary_trace() {
-    open_files("Seek Failed 999\n");
-    if (!Convert2Hex()) {
-        std::fputs("Failed opening pritemp.log\n", stdout);
-        end_run(1);
-    }
-    std::fputs("BINARY TRACE \n", stdout);
-}
-
 // Names the protocol in the report and on the terminal.
 void show_protocol(const Protocol& protocol) {
-    text(BRItrace != 0 ? "BRI " : "PROTOCOL TYPE                 : PRI ");
-    text(protocol.report_text);
+    report_protocol(protocol);
     std::printf("ISDN Protocol: %s%s", BRItrace != 0 ? "BRI " : "PRI ", protocol.terminal_text);
 }
 
-void start_run(int argc, char** argv) {
-    prepare_streams();
-    reset_state();
-    reset_reader();
-    read_command_line(argc, argv);
-    open_trace();
-    if (!Parameter.Destination) {
-        default_destination();
+// Writes the report. False when the run ended early.
+bool decode(CommandLine& Parameter) {
+    if (!open_files(Parameter)) {
+        return false;
     }
-    read_trace_header();
-    velmarix_header();
-    if (Parameter.Option != nullptr) {
-        open_hex_trace();
-    } else {
-        open_binary_trace();
+    try {
+        show_protocol(read_protocol());
+        read_ticks_resolution();
+        decode_records();
+        return true;
+    } catch (const RunAborted&) {
+        return false;  // the report says where
     }
-    show_protocol(read_protocol());
-    read_ticks_resolution();
+}
+
+// Writes out what the report still lacks. False when the trace was not read, or the report not written, whole.
+bool close_files() {
+    const bool read = ifp.failed() == nullptr;
+    if (!read) {
+        std::printf("Failed reading file %s\n", ifp.failed());
+    }
+    const bool written = ofp.close();
+    if (!written) {
+        std::printf("Failed writing file %s\n", ofp.name());
+    }
+    return read && written;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    start_run(argc, argv);
-    decode_records();
-    end_run(0);
+    prepare_streams();
+    reset_state();
+    trace_reader.reset();
+    std::optional<CommandLine> Parameter = read_command_line(argc, argv);
+    if (!Parameter) {
+        return 1;
+    }
+    const bool decoded = decode(*Parameter);
+    return close_files() && decoded ? 0 : 1;
 }

@@ -2,12 +2,12 @@
 
 #include "dpnss/layer2.h"
 #include "dpnss/layer3.h"
-#include "driver/records.h"
-#include "driver/trace/trace_stream.h"
+#include "driver/frameless_records.h"
 #include "q931/layer2.h"
 #include "q931/layer3.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
@@ -39,14 +39,22 @@ void decode_q931_record() {
 
 }  // namespace
 
+void report_protocol(const Protocol& protocol) {
+    text(BRItrace != 0 ? "BRI " : "PROTOCOL TYPE                 : PRI ");
+    text(protocol.report_text);
+}
+
+void decode_record() {
+    if (is_dpnss(swit)) {
+        decode_dpnss_record();
+    } else {
+        decode_q931_record();
+    }
+    text("\n");
+}
+
 void decode_records() {
-    const bool dpnss = variant_is(PRI_DASS2, PRI_DPNSS_A, PRI_DPNSS_B);
     while (!ifp.eof() && !ofp.lost()) {
-        if (dpnss) {
-            decode_dpnss_record();
-        } else {
-            decode_q931_record();
-        }
-        text("\n");
+        decode_record();
     }
 }

@@ -3,13 +3,12 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "driver/trace/hex_text.h"
-#include "driver/trace/trace_stream.h"
-#include "report/file_access.h"
-#include "report/output_file.h"
-#include "report/output_stream.h"
-#include "report/run_end.h"
+#include "io/file_access.h"
+#include "io/output_file.h"
+#include "io/output_stream.h"
 #include "report/state.h"
+#include "trace/hex_text.h"
+#include "trace/trace_reader.h"
 
 namespace {
 
@@ -38,13 +37,17 @@ bool Convert2Hex() {
             "ERROR:Fail to open temporary file.\n"
             "Suggestion:Delete temporary file(\"pritemp.log\") from your system, if it exist and try again\n",
             stdout);
-        end_run(1);
+        return false;
     }
     ffptemp.attach(descriptor, NAME);
     write_hex_text(ifp, ffptemp);
     if (!ffptemp.flush()) {
         std::fputs("Failed writing file pritemp.log\n", stdout);
-        end_run(1);
+        return false;
     }
-    return ifp.open(descriptor, NAME, ffptemp.written());
+    if (!ifp.go_on_in(descriptor, NAME, ffptemp.written())) {
+        std::fputs("Failed opening pritemp.log\n", stdout);
+        return false;
+    }
+    return true;
 }

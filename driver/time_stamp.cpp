@@ -6,9 +6,9 @@
 #include <ctime>
 #include <string_view>
 
-#include "driver/trace/clock.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/clock.h"
 
 namespace {
 

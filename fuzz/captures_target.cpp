@@ -9,32 +9,28 @@
 
 #include "captures/eyesdn_reader.h"
 #include "captures/eyesdn_writer.h"
-#include "captures/messages.h"
 #include "captures/pcap_writer.h"
 #include "captures/text_reader.h"
 #include "captures/trace_frames.h"
 #include "captures/trace_writer.h"
-#include "driver/trace/format.h"
-#include "driver/trace/trace_reader.h"
-#include "driver/trace/trace_stream.h"
-#include "report/run_end.h"
+#include "io/input_stream.h"
 #include "report/state.h"
-
-const char* const PROGRAM_NAME = "captures_target";
+#include "trace/format.h"
+#include "trace/trace_reader.h"
 
 namespace {
-
-struct RunEnd {};
 
 OutputStream target;  // for nobody to read
 
 void export_trace(std::uint8_t protocol) {
     BRItrace = protocol >= BASIC_RATE_FROM ? 1 : 0;
     Ticks_resolution = protocol;
-    TraceFrames frames;
+    TraceFrames frames(trace_reader);
+    PcapWriter pcap(target);
+    EyesdnWriter eyesdn(target);
     for (Frame frame; frames.next(frame);) {
-        write_pcap_frame(frame, target);
-        write_eyesdn_frame(frame, target);
+        pcap.write(frame);
+        eyesdn.write(frame);
     }
 }
 
@@ -63,21 +59,18 @@ void convert(std::uint8_t protocol, std::uint8_t kind) {
 
 }  // namespace
 
-// In the place of the programs' own: the process goes on with the next input.
-void end_run(int /*status*/) { throw RunEnd(); }
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2) {
         return 0;
     }
     reset_state();
-    reset_reader();
+    trace_reader.reset();
     target.attach(-1, "target");
     ofp.attach(-1, "report");
     ifp.open({data + 2, size - 2});
     try {
         convert(data[0], data[1]);
-    } catch (const RunEnd&) {
+    } catch (const RunAborted&) {
         // Most traces end in the middle of a record.
     }
     return 0;

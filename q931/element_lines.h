@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 // The lines that all information elements begin with, and those of elements whose octets are all alike:
 //

@@ -1,8 +1,8 @@
 #include "q931/layer2.h"
 
-#include "driver/trace/trace_reader.h"
 #include "report/lines.h"
 #include "report/state.h"
+#include "trace/trace_reader.h"
 
 namespace {
 

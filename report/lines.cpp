@@ -2,12 +2,7 @@
 
 #include <charconv>
 
-void upper_hex(std::int32_t octet) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    const auto bits = static_cast<std::uint32_t>(octet);
-    character(digits[(bits >> 4U) & 0x0FU]);
-    character(digits[bits & 0x0FU]);
-}
+void upper_hex(std::int32_t octet) { text({UPPER_HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data(), 2}); }
 
 void decimal(std::int32_t number) {
     std::array<char, 11> digits{};

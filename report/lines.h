@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "io/hex_digits.h"
 #include "report/state.h"
 
 // Every way to write into the report. All lines of a transmitted frame begin with the transmit indent; a word says
@@ -54,16 +55,7 @@ inline constexpr auto FIELD_MASKS = [] {
     return masks;
 }();
 
-inline constexpr auto HEX_PAIRS = [] {
-    std::array<std::array<char, 2>, 256> pairs{};
-    constexpr std::string_view digits = "0123456789abcdef";
-    for (unsigned octet = 0; octet < 256; ++octet) {
-        pairs[octet] = {digits[octet >> 4U], digits[octet & 0x0FU]};
-    }
-    return pairs;
-}();
-
-// Put something at a place in the report's buffer and give the place behind it.
+// Put something at a place in the report's buffer and give the place after it.
 [[gnu::always_inline]] inline char* put(char* at, std::string_view piece) {
     std::memcpy(at, piece.data(), piece.size());
     return at + piece.size();
@@ -74,7 +66,7 @@ inline constexpr auto HEX_PAIRS = [] {
 }
 
 [[gnu::always_inline]] inline char* put_hex(char* at, std::int32_t octet) {
-    std::memcpy(at, HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data(), 2);
+    std::memcpy(at, hex_pair(octet), 2);
     return at + 2;
 }
 
@@ -122,11 +114,6 @@ inline void extension_bit(std::string_view when_1, std::string_view when_0) {
 
 // Whether the extension bit of the octet in `value` says that another octet of its group follows.
 inline bool extension_follows() { return (value & 0x80) == 0; }
-
-// An octet as two lower-case hexadecimal digits.
-inline const char* hex_pair(std::int32_t octet) {
-    return detail::HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data();
-}
 
 // Continues the line with an octet as two lower-case hexadecimal digits.
 inline void hex(std::int32_t octet) { ofp.filled(detail::put_hex(ofp.room(), octet)); }

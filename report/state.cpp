@@ -5,6 +5,7 @@ Variant swit;
 std::uint8_t BRItrace;
 std::int32_t Ticks_resolution;
 std::int32_t First_Msg;
+std::uint32_t tick_base;
 char cTimeStamp[100];
 
 std::int32_t flag;
@@ -26,6 +27,7 @@ void reset_state() {
     BRItrace = 0;
     Ticks_resolution = 0;
     First_Msg = 0;
+    tick_base = 0;
     cTimeStamp[0] = '\0';
 
     flag = 0;

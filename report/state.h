@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "report/output_stream.h"
+#include "io/output_stream.h"
 
 // The state that all decoders share: one frame is decoded at a time, on one thread, and every decoder reads its
 // octets and writes its lines at once. The list is closed; a decoder that must remember something keeps a local.
@@ -30,6 +30,11 @@ enum Variant : std::int32_t {
     BRI_NI2 = 134,
 };
 
+// Whether traces of that variant hold frames of DASS2 or DPNSS, not of Q.921.
+constexpr bool is_dpnss(Variant variant) {
+    return variant == PRI_DASS2 || variant == PRI_DPNSS_A || variant == PRI_DPNSS_B;
+}
+
 // For a run -------------------------------------------------------------------------------------------------------
 
 extern OutputStream ofp;               // the report; opened by the driver
@@ -37,6 +42,7 @@ extern Variant swit;                   // switch variant; set once from the prot
 extern std::uint8_t BRItrace;          // 1 in a basic-rate trace: every record carries a line byte; set with swit
 extern std::int32_t Ticks_resolution;  // one tick lasts 5 times this in ms; set once, any 32-bit value
 extern std::int32_t First_Msg;         // 0 until the first time-stamp record has been shown, then 1
+extern std::uint32_t tick_base;        // tick count of the first time-stamp record; set before First_Msg
 extern char cTimeStamp[100];           // line for the next frames; empty until the second time-stamp record
 
 // For a record: set by layer 2 from the head of a frame's record, and kept where octets left over stand for a head ---

@@ -192,7 +192,8 @@ void expect_export(const std::string& body, int status, const std::string& captu
     const Folder folder;
     folder.write("hex", bytes_of(header + " 0 0 0 0") + body);
     folder.write("binary", bytes_of(header + " 0 0 0 0 " + body));
-    for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture"}) {
+    for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture",
+                                "cat binary | EXPORT - capture"}) {
         const Folder::Outcome outcome = run(folder, command);
         EXPECT_EQ(outcome.status, status) << command;
         EXPECT_EQ(outcome.terminal, messages) << command;
@@ -298,7 +299,8 @@ TEST(Captures, ThatCannotBeRead) {
         {"IMPORT -p 17 empty o", "quandrix-import: empty is no capture: it is empty\n"},
         {"IMPORT -p 17 none o", "quandrix-import: cannot open none: No such file or directory\n"},
         {"IMPORT -p 17 . o", "quandrix-import: cannot read .: Is a directory\n"},
-        {"EXPORT none o", "quandrix-export: cannot read none: it must be a file, and one that may be read\n"},
+        {"EXPORT none o", "quandrix-export: cannot open none: No such file or directory\n"},
+        {"EXPORT . o", "quandrix-export: cannot read .: Is a directory\n"},
         {"EXPORT", "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n"},
         {"EXPORT -x t o", "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n"},
         {"EXPORT empty o", "\n    ERROR ABORT \n" + exported(0, 0, 0)},
@@ -323,7 +325,9 @@ TEST(Captures, ThatCannotBeRead) {
 
 TEST(Captures, ThatCannotBeWritten) {
     const Folder folder;
+    const std::string hex_trace = ZERO_HEADER + "2 2 " + RECORD;
     folder.write("t", frames(1));
+    folder.write("h", hex_trace);
     folder.write("text", "R 01\n");
     const std::string refused = ": this run reads it, or has it as standard output or error\n";
     const std::pair<const char*, std::string> failures[] = {
@@ -332,7 +336,7 @@ TEST(Captures, ThatCannotBeWritten) {
         {"<text IMPORT -p 17 - text", "quandrix-import: cannot write text" + refused},
         {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
         {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
-        {"TMPDIR=no EXPORT t c", "quandrix-export: cannot create a temporary file in no: No such file or directory\n"},
+        {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: cannot write -" + refused},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
@@ -344,6 +348,7 @@ TEST(Captures, ThatCannotBeWritten) {
         EXPECT_EQ(outcome.terminal, message) << command;
     }
     EXPECT_EQ(folder.read("t"), frames(1));
+    EXPECT_EQ(folder.read("h"), hex_trace);
     EXPECT_EQ(folder.read("text"), "R 01\n");
 }
 

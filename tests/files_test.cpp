@@ -242,12 +242,17 @@ TEST_F(Files, NewOnesAreAsPrivateAsTheTrace) {
     EXPECT_EQ(folder.run("umask 027; chmod 644 t" + modes).terminal, "640\n640\n");
     EXPECT_EQ(folder.run("chmod 600 t; touch t.res pritemp.log; chmod 646 t.res pritemp.log" + modes).terminal,
               "646\n646\n");
-    EXPECT_EQ(folder.run("umask 0; chmod 600 t; setfacl -m u:4444:r t" + modes).terminal, "600\n600\n");
+    // An access control list on the trace, also one that denies, or in the folder leaves new files to their owner
+    // alone.
+    EXPECT_EQ(folder.run("umask 0; chmod 644 t; setfacl -m u:4444:- t" + modes).terminal, "600\n600\n");
+    EXPECT_EQ(folder.run("umask 0; setfacl -b t; chmod 640 t; setfacl -d -m u:4444:rw ." + modes).terminal,
+              "600\n600\n");
+    EXPECT_EQ(folder.run("QUANDRIX t >out; getfacl -ce t.res | grep -o '4444.*--$'; setfacl -k .; rm t.res").terminal,
+              "4444:rw-\t#effective:---\n");
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root can give the trace to another group";
     }
-    EXPECT_EQ(folder.run("setfacl -b t; umask 0; chgrp 12345 t; chmod 660 t; ln -s real t.res" + modes).terminal,
-              "777\n600\n");
+    EXPECT_EQ(folder.run("umask 0; chgrp 12345 t; chmod 660 t; ln -s real t.res" + modes).terminal, "777\n600\n");
     EXPECT_EQ(folder.run("stat -c %a real").terminal, "600\n");
     EXPECT_EQ(folder.run("umask 0; chgrp 12345 t; chmod 664 t" + modes).terminal, "644\n644\n");
 }

@@ -1,0 +1,54 @@
+// The whole road of a trace, from its text to the report, on one input a call, for libFuzzer.
+//
+// An input is a kind octet and the body of a trace: protocol code, tick resolution, records. An even kind stands for a
+// hex trace, whose body is text; an odd kind for a binary trace, whose octets become text here. The kind also fills the
+// trace header, so that traces start at times of all sizes.
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "driver/main_loop.h"
+#include "io/input_stream.h"
+#include "report/state.h"
+#include "trace/clock.h"
+#include "trace/hex_text.h"
+#include "trace/protocol.h"
+#include "trace/trace_reader.h"
+
+namespace {
+
+// The text that a body is read as.
+std::span<const std::uint8_t> text_of(std::uint8_t kind, std::span<const std::uint8_t> body) {
+    if (kind % 2 == 0) {
+        return body;
+    }
+    static std::vector<std::uint8_t> text;
+    text.resize(4 * body.size());
+    auto* const begin = reinterpret_cast<char*>(text.data());
+    return {text.data(), static_cast<std::size_t>(hex_text(body, 0, begin) - begin)};
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) {
+        return 0;
+    }
+    const std::uint8_t kind = data[0];
+    reset_state();
+    trace_reader.reset();
+    Timeb.time = static_cast<std::int32_t>(kind * 0x01010101U);
+    Timeb.millitm = static_cast<std::uint16_t>(kind * 0x0101U);
+    ifp.open(text_of(kind, {data + 1, size - 1}));
+    ofp.attach(-1, "report");  // for nobody to read
+    try {
+        read_protocol();
+        read_ticks_resolution();
+        decode_records();
+    } catch (const RunAborted&) {
+        // Most inputs end in the middle of a record.
+    }
+    return 0;
+}

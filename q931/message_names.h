@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+// Names of message types (0..255), empty for unknown ones; and the protocol discriminators of maintenance, whose
+// messages have names of their own.
+std::string_view message_name(std::int32_t type);
+std::string_view maintenance_message_name(std::int32_t type);
+bool is_maintenance(std::int32_t discriminator);
