@@ -6,16 +6,14 @@
     const PAUSE = 2000; // milliseconds that are worth a row of their own
     const INDENT = ' '.repeat(39); // of transmitted frames
     const NONE = '-';
-    const LAYER_2 = '~', DAMAGE = '!'; // what stands in place of a call's number
+    const LAYER_2 = '~', DAMAGE = '!'; // keys of frames, beside the numbers of calls and NONE
     const SIDES = { T: 'this side', R: 'far side' };
     const WORDS = {
         start: 'Start', at: 'Report line', by: 'Opened by', line: 'Line', call: 'Reference', from: 'From', to: 'To',
-        channel: 'Channel', alert: 'Rings after', ring: 'Rings for', talk: 'Talk', result: 'Result', cleared: 'Cleared by',
-        cause: 'Cause', location: 'Location of the cause', messages: 'Messages',
+        channel: 'Channel', alert: 'Rings after', ring: 'Rings for', talk: 'Talk', result: 'Result',
+        cleared: 'Cleared by', cause: 'Cause', location: 'Location of the cause', messages: 'Messages',
     };
-    const ENDS = {
-        ...SIDES, open: 'nobody in this trace', restart: 'a RESTART', status: 'a STATUS with call state 0', suspend: 'SUSPEND',
-    };
+    const ENDS = { ...SIDES, open: 'nobody in this trace', restart: 'RESTART', status: 'STATUS', suspend: 'SUSPEND' };
     const SECONDS = ['alert', 'ring', 'talk'];
 
     const element = id => document.getElementById(id);
@@ -28,7 +26,8 @@
     }
 
     // Text as page_writer escapes it: \xx is a byte, \> the indent.
-    const unescaped = text => text.replace(/\\(>|..)/g, (_, code) => code === '>' ? INDENT : character(parseInt(code, 16)));
+    const unescaped = text => text.replace(/\\(>|..)/g, (_, code) =>
+        code === '>' ? INDENT : character(parseInt(code, 16)));
 
     // A line of values between tabs, as an object. Unescaped text holds no tabs.
     function record(columns, line) {
@@ -45,7 +44,7 @@
     const frameText = element('frame-data').textContent;
     const frameColumns = frameText.slice(0, frameText.indexOf('\n')).split('\t');
     const frameStarts = []; // of each frame's values
-    const framesOf = new Map(); // a call's number, LAYER_2, DAMAGE or NONE -> numbers of frames
+    const framesOf = new Map(); // key (a call's number, NONE, LAYER_2 or DAMAGE) -> numbers of frames
     const frames = key => framesOf.get(key) ?? [];
 
     function findFrames() {
@@ -139,9 +138,10 @@
     }
 
     function makeHeader(column) {
-        const header = make('th', { role: 'columnheader', scope: 'col', className: column, ariaSort: column === 'no' ? 'ascending' : 'none' },
-            make('button', { type: 'button', title: WORDS[column] ?? 'Number' }, column));
-        header.firstChild.onclick = () => sortBy(column, header);
+        const button = make('button', { type: 'button', title: WORDS[column] ?? 'Number' }, column);
+        const ariaSort = column === order.column ? 'ascending' : 'none';
+        const header = make('th', { role: 'columnheader', scope: 'col', className: column, ariaSort }, button);
+        button.onclick = () => sortBy(column, header);
         return header;
     }
 
@@ -180,18 +180,19 @@
     const ladder = element('ladder'), layer2 = element('layer2');
     let view; // what the ladder shows: see views
 
-    const isLayer2 = ({ no }) => no === LAYER_2;
+    const isLayer2 = ({ key }) => key === LAYER_2;
     const linkOf = ({ line, tei }, call) => [line, tei, call].join();
     const inOrder = numbers => numbers.sort((a, b) => a - b).map(frame);
     const switched = () => layer2.checked ? frames(LAYER_2) : [];
 
-    // A call's messages, and damage and layer 2 of its links since the first one. A call that is not cleared goes on to the
-    // end of the trace.
+    // A call's messages, and damage and layer 2 of its links since the first one. A call that is not cleared goes on to
+    // the end of the trace.
     function framesOfCall({ no, cleared }) {
         const own = frames(no);
         const last = cleared === 'open' ? Infinity : own.at(-1);
         const others = [...frames(DAMAGE), ...switched()].filter(number => number > own[0] && number < last);
-        const links = new Set(own.map(frame).flatMap(message => [linkOf(message, message.call), linkOf(message, NONE)]));
+        const messages = own.map(frame);
+        const links = new Set(messages.flatMap(message => [linkOf(message, message.call), linkOf(message, NONE)]));
         return inOrder([...own, ...others]).filter(other => !isLayer2(other) || links.has(linkOf(other, other.call)));
     }
 
@@ -224,42 +225,45 @@
         const labels = { from: 'from', to: 'to', channel: 'channel', cause: 'cause', location: 'by' };
         if (view.lines > 1) labels.line = 'line';
         if (view.teis > 1) labels.tei = 'TEI';
-        return Object.keys(labels).filter(name => frame[name] !== NONE).map(name => `${labels[name]} ${frame[name]}`).join(', ');
+        const told = Object.keys(labels).filter(name => frame[name] !== NONE);
+        return told.map(name => `${labels[name]} ${frame[name]}`).join(', ');
     }
 
-    // The lines of a frame as they stand in the report. Those of a transmitted frame are moved left when all are indented.
+    // The lines of a frame as they stand in the report; moved left when all are indented, as of a transmitted frame.
     function linesOf(frame) {
         const text = reportLines(frame);
         const moved = text.split('\n').every(line => line === '' || line.startsWith(INDENT));
-        return [make('p', { className: 'less' }, `less +${frame.at}`), make('pre', { className: moved ? 'moved' : '' }, text)];
+        return [make('p', {}, `less +${frame.at}`), make('pre', { className: moved ? 'moved' : '' }, text)];
     }
 
     function unfold(details, run) {
         if (!details.open || details.children.length > 1) return;
         details.append(...run.slice(0, LIMIT).flatMap(linesOf));
-        if (run.length > LIMIT) details.append(make('p', {}, `and ${run.length - LIMIT} more, from report line ${run[LIMIT].at}`));
+        const more = run.length - LIMIT;
+        if (more > 0) details.append(make('p', {}, `and ${more} more, from report line ${run[LIMIT].at} on`));
     }
 
     function pauseRow(pause) {
-        return make('li', { className: 'row pause' }, make('span', { className: 'lane' }, `pause of ${seconds(pause)} s`));
+        const words = make('span', { className: 'lane' }, `pause of ${seconds(pause)} s`);
+        return make('li', { className: 'row pause' }, words);
     }
 
-    // What a closed row shows; `way` is T, R or TR.
+    // What a closed row shows, and how it reads aloud; `way` is T, R or TR.
     function summaryOf(run, way) {
         const [first] = run;
-        const name = run.length > 1 ? `${run.length} \u00D7 ${first.message}` : first.message;
-        const offset = first.ms - view.start;
-        const parts = { time: timeOf(first), offset: isNaN(offset) ? '' : seconds(offset), lane: name, said: said(first) };
-        const event = first.no === DAMAGE ? name : `${SIDES[way] ?? 'each side'} sends ${name}`;
-        const spans = Object.entries(parts).map(([className, text]) => make('span', { className }, make('span', {}, text)));
+        const lane = run.length > 1 ? `${run.length} \u00D7 ${first.message}` : first.message;
+        const elapsed = first.ms - view.start;
+        const parts = { time: timeOf(first), offset: isNaN(elapsed) ? '' : seconds(elapsed), lane, said: said(first) };
+        const spans = Object.keys(parts).map(name => make('span', { className: name }, make('span', {}, parts[name])));
+        const event = first.key === DAMAGE ? lane : `${SIDES[way] ?? 'each side'} sends ${lane}`;
         const ariaLabel = [parts.time, event, parts.said].filter(text => text).join(', ');
         return make('summary', { className: 'row', ariaLabel }, ...spans);
     }
 
     function frameRow(run) {
-        const [{ no, at, message, way }] = run;
+        const [{ key, at, message, way }] = run;
         const bothWays = run.some(other => other.way !== way);
-        const kind = { [LAYER_2]: 'layer2', [DAMAGE]: 'damage' }[no] ?? 'message';
+        const kind = { [LAYER_2]: 'layer2', [DAMAGE]: 'damage' }[key] ?? 'message';
         const details = make('details', {}, summaryOf(run, bothWays ? 'TR' : way));
         details.ontoggle = () => unfold(details, run);
         return make('li', { data: { at, way: bothWays ? 'TR' : way, [kind]: message } }, details);
@@ -278,13 +282,22 @@
     const viewOf = call => ({ heading: `Call ${call.no}`, call, find: () => framesOfCall(call) });
 
     function showLadder() {
-        const unfolded = new Set(Array.from(ladder.querySelectorAll('details[open]'), ({ parentNode }) => parentNode.dataset.at));
         const all = view.find();
         const several = name => new Set(all.map(frame => frame[name])).size;
-        Object.assign(view, { frames: all, start: view.call ? all[0].ms : NaN, lines: several('line'), teis: several('tei') });
+        const start = view.call ? all[0].ms : NaN;
+        Object.assign(view, { frames: all, start, lines: several('line'), teis: several('tei') });
         fill(ladder, element('more-rows'), rowsOf(all), makeRow);
-        for (const row of ladder.children) if (unfolded.has(row.dataset.at)) row.firstChild.open = true;
         element('nothing').hidden = all.length > 0;
+    }
+
+    // What was unfolded stays so.
+    function switchLayer2() {
+        const unfolded = Array.from(ladder.querySelectorAll('[open]'), details => details.parentNode.dataset.at);
+        showLadder();
+        for (const at of unfolded) {
+            const details = ladder.querySelector(`[data-at="${at}"] > details`);
+            if (details) details.open = true;
+        }
     }
 
     function fact(column, value) {
@@ -311,7 +324,6 @@
 
     function openView(next) {
         view = next;
-        ladder.replaceChildren();
         showLadder();
         showFacts(view.call);
         showAround(view.call);
@@ -336,7 +348,7 @@
     }
 
     prepareList();
-    layer2.onchange = showLadder;
+    layer2.onchange = switchLayer2;
     addEventListener('hashchange', route);
     for (const id of ['views', 'choose']) element(id).hidden = false;
     route();
