@@ -48,7 +48,7 @@ struct Frame {
     std::optional<std::uint8_t> line;      // basic rate
     std::span<const std::uint8_t> octets;  // from the first address octet on
     std::optional<std::int64_t> elapsed;   // milliseconds from the first time-stamp record to the last one before
-    std::uint64_t at = 0;                  // the report's line where the frame begins, from 1 on
+    std::uint64_t at = 0;                  // the report's line where the frame begins; 0: after its end
 };
 
 // A frame: its head, and what it says when it holds a message of layer 3.

@@ -78,8 +78,9 @@ void TraceWalk::end_pass() {
     const std::string_view text(text_);
     pass_.corrupt_data = text.substr(0, frame_from_);
     pass_.text = text.substr(frame_from_);
-    pass_.out_of_step = pass_.out_of_step || (!report_ended_ && (started_within_ || trace_reader.within_record() ||
-                                                                 pass_.records.size() > 1));
+    pass_.out_of_step =
+        pass_.out_of_step ||
+        (!report_ended_ && (started_within_ || trace_reader.within_record() || pass_.records.size() > 1));
 }
 
 // The frames of a run that the decoder has ended are still read.

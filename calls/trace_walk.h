@@ -26,8 +26,8 @@ struct Pass {
     bool out_of_step = false;           // it took octets of a further record, or left some of its own unread
 };
 
-// Goes through the records of a trace while the decoder runs beside it, so that both are known: what a record holds, and
-// where and how the report shows it. The report itself is not written.
+// Goes through the records of a trace while the decoder runs beside it, so that both are known: what a record holds,
+// and where and how the report shows it. The report itself is not written.
 class TraceWalk : private ReaderObserver, private OutputSink {
  public:
     enum class End : std::uint8_t {

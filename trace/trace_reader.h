@@ -27,7 +27,7 @@ struct RunAborted {
     Abort why;
 };
 
-[[noreturn]] void abort_run(Abort why);
+[[noreturn, gnu::cold]] void abort_run(Abort why);
 
 // A record whole.
 struct Record {
@@ -84,7 +84,7 @@ class TraceReader {
     [[nodiscard]] bool within_record() const { return BlockSize != 0; }
 
     // Aborts the run as a read does that meets the end of the trace.
-    [[noreturn]] void abort_at_end();
+    [[noreturn, gnu::cold]] void abort_at_end();
 
  private:
     // The longest record, held whole from its marker, and the byte after it.
