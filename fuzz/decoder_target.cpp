@@ -24,10 +24,10 @@ std::span<const std::uint8_t> text_of(std::uint8_t kind, std::span<const std::ui
     if (kind % 2 == 0) {
         return body;
     }
+    std::vector<char> characters(4 * body.size());
     static std::vector<std::uint8_t> text;
-    text.resize(4 * body.size());
-    auto* const begin = reinterpret_cast<char*>(text.data());
-    return {text.data(), static_cast<std::size_t>(hex_text(body, 0, begin) - begin)};
+    text.assign(characters.data(), hex_text(body, 0, characters.data()));
+    return text;
 }
 
 }  // namespace

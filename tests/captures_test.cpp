@@ -170,6 +170,21 @@ TEST(Import, Text) {
         summary(3, 3, 0, 0) + "quandrix-import: 2 frames have the nearest time that a trace can hold, not their own\n");
 }
 
+// Its seconds are a signed number of 32 bits. Where there are time stamps, they go on from there.
+TEST(Import, TimesThatAHeaderCannotHold) {
+    const std::string first = "00 00 00 80 00 00";
+    const std::string last = "ff ff ff 7f e7 03";
+    const std::string fits = summary(1, 1, 0, 0);
+    const std::string clamped =
+        fits + "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n";
+    expect_import("1901-12-13 20:45:52 R 00", "-p dass2", first, "14 01\n52 01 00\n", 0, fits);
+    expect_import("1901-12-13 20:45:51.999 R 00", "-p dass2", first, "14 01\n52 01 00\n", 1, clamped);
+    expect_import("2147483647.999 R 00", "-p dass2", last, "14 01\n52 01 00\n", 0, fits);
+    expect_import("2147483648 R 00", "-p dass2", last, "14 01\n52 01 00\n", 1, clamped);
+    expect_import("2147483648.5 R 00", "-p ni2", last, "19 01\n50 04 00 00 00 00\n50 04 64 00 00 00\n52 01 00\n", 0,
+                  fits);
+}
+
 TEST(Import, TextThatIsNoFrame) {
     for (const std::string line :
          {"02 01", "R 2", "X 01", "R 0g", "RR 01", "1.5.5 R 01", "1,5 R 01", "-1 R 01", "99999999999999999999 R 01",

@@ -1,5 +1,6 @@
 // The cases of tests/cases: octets in, report lines out. CONTRIBUTING.md describes their format.
 #include <algorithm>
+#include <map>
 #include <regex>
 #include <set>
 #include <stdexcept>
@@ -36,7 +37,9 @@ struct Line {
 };
 
 struct Case {
-    std::string name;
+    std::filesystem::path file;
+    int line;  // of the file, where the title is
+    std::string title;
     std::string variants;
     std::string kind = "element";  // of its octets, or "frame", or "trace"
     std::string octets{};
@@ -72,13 +75,13 @@ void add_lines(std::vector<Line>& lines, const std::string& filter, const std::s
 }
 
 // Adds what a line of a file says: a new case, or octets and lines of the last one. False when it says neither.
-bool add(std::vector<Case>& cases, const std::filesystem::path& file, const std::string& source) {
+bool add(std::vector<Case>& cases, const std::filesystem::path& file, int number, const std::string& source) {
     static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?([^[].*))");
     static const std::regex octets(
         R"((?:(frame|trace): )?((?:[0-9A-F]{2,3}(?: |$|(?=\|)))*)(?:(?:\[([^\]]+)\])?(T?)(\|.*))?)");
     std::smatch part;
     if (std::regex_match(source, part, title)) {
-        cases.push_back({file.stem().string() + "_" + part.str(2), part[1].matched ? part.str(1) : "2"});
+        cases.push_back({file, number, part.str(2), part[1].matched ? part.str(1) : "2"});
         return true;
     }
     if (cases.empty() || !std::regex_match(source, part, octets)) {
@@ -91,19 +94,27 @@ bool add(std::vector<Case>& cases, const std::filesystem::path& file, const std:
     return true;
 }
 
+[[noreturn]] void refuse(const std::filesystem::path& file, int line, const std::string& why) {
+    throw std::runtime_error(file.string() + ":" + std::to_string(line) + ": " + why);
+}
+
 // The cases of a file. Other lines, a case without octets or lines, and a file without a case are errors.
 std::vector<Case> read_cases(const std::filesystem::path& file) {
-    const auto require = [&](bool fine, const std::string& message) {
-        fine ? void() : throw std::runtime_error(file.string() + ": " + message);
-    };
     std::vector<Case> cases;
     std::ifstream stream(file);
+    int number = 0;
     for (std::string source; std::getline(stream, source);) {
-        require(add(cases, file, source), "not a part of a case: " + source);
+        if (!add(cases, file, ++number, source)) {
+            refuse(file, number, "not a part of a case: " + source);
+        }
     }
-    require(!cases.empty(), "no case");
+    if (cases.empty()) {
+        refuse(file, number, "no case");
+    }
     for (const Case& decoding : cases) {
-        require(!bytes_of(decoding.octets).empty() && !decoding.lines.empty(), "no octets or lines: " + decoding.name);
+        if (bytes_of(decoding.octets).empty() || decoding.lines.empty()) {
+            refuse(file, decoding.line, "no octets or lines: " + decoding.title);
+        }
     }
     return cases;
 }
@@ -144,47 +155,103 @@ void add_frame(std::ostream& trace, std::string& report, const Case& decoding, i
     report += "\n";
 }
 
+// What a case makes of a code: the trace in hex without its header, and what is to come of it.
+struct Trial {
+    std::string trace;
+    std::string report;  // without the line of the protocol
+    int status;
+};
+
+Trial trial_of(const Case& decoding, int variant) {
+    std::ostringstream trace;
+    trace << std::hex << variant << " 02\n";
+    std::string report;
+    if (decoding.kind == "trace") {
+        trace << decoding.octets;
+        report = expected_lines(decoding.lines, variant, 'R');
+    } else {
+        add_frame(trace, report, decoding, variant, 'R');
+        add_frame(trace, report, decoding, variant, 'T');
+    }
+    const bool aborted = report.ends_with("ERROR ABORT \n");
+    const bool failed = aborted || report.find("Invalid Tx/Rx value") != std::string::npos;
+    if (aborted) {
+        report.pop_back();  // the one line of a report that is not ended
+    }
+    return {trace.str(), report, failed ? 1 : 0};
+}
+
+// The first lines in which two files of the folder differ, the expected ones with a minus. A blank at an end is marked.
+std::string diff(const Folder& folder) {
+    return folder
+        .run(R"(diff -a -U 2 --label expected --label report expected report | cat -v | sed 's/\(..*\) $/\1<blank>/' |
+                sed '20 { $!s/.*/.../; q }')")
+        .terminal;
+}
+
+// What the program says after its banner and the protocol.
+std::string complaints(const std::string& terminal) {
+    return terminal.substr(terminal.find('\n', terminal.find("ISDN Protocol")) + 1);
+}
+
+// Decodes a trace. What differs from what is expected; nothing when it is the same.
+std::string differences(const Trial& trial, const std::string& trace, const std::string& option) {
+    const Folder folder;
+    folder.write("trace", trace);
+    const Folder::Outcome outcome = folder.run("QUANDRIX trace report" + option);
+    const std::string report = folder.read("report");
+    const std::string expected = report.substr(0, report.find('\n') + 1) + trial.report;
+    std::string found;
+    if (outcome.status != trial.status) {
+        found = "expected exit status " + std::to_string(trial.status) + ", but it is " +
+                std::to_string(outcome.status) + "\n" + complaints(outcome.terminal);
+    }
+    if (report != expected) {
+        folder.write("expected", expected);
+        found += diff(folder);
+    }
+    return found;
+}
+
 class Decoding : public testing::TestWithParam<Case> {};
 
 TEST_P(Decoding, Report) {
     const Case& decoding = GetParam();
     const std::vector<int> variants = codes(decoding.variants);
     const bool whole = decoding.kind == "trace";
+    std::map<std::string, std::string> failures;  // what differs, and the codes under which it does
+    const auto note = [&](const std::string& found, const std::string& code) {
+        failures[found] += (failures[found].empty() ? "" : ", ") + code;
+    };
     for (const int variant : variants) {
-        SCOPED_TRACE("variant " + std::to_string(variant));
-        std::ostringstream trace;
-        trace << std::hex << variant << " 02\n";
-        std::string expected;
-        if (whole) {
-            trace << decoding.octets;
-            expected = expected_lines(decoding.lines, variant, 'R');
-        } else {
-            add_frame(trace, expected, decoding, variant, 'R');
-            add_frame(trace, expected, decoding, variant, 'T');
-        }
-        const bool aborted = expected.ends_with("ERROR ABORT \n");
-        const bool failed = aborted || expected.find("Invalid Tx/Rx value") != std::string::npos;
-        if (aborted) {
-            expected.pop_back();  // the one line of a report that is not ended
-        }
-        const auto behind_protocol = [](const std::string& report) { return report.substr(report.find('\n') + 1); };
-        EXPECT_EQ(behind_protocol(decode_hex(trace.str(), failed ? 1 : 0)), expected);
+        const Trial trial = trial_of(decoding, variant);
+        const std::string code = std::to_string(variant);
+        note(differences(trial, ZERO_HEADER + trial.trace, " -d"), code);
         if (!whole && variant == variants[0]) {
-            EXPECT_EQ(behind_protocol(decode(ZERO_HEADER + bytes_of(trace.str()), "")), expected) << "binary";
+            note(differences(trial, ZERO_HEADER + bytes_of(trial.trace), ""), code + " as a binary trace");
         }
+    }
+    failures.erase("");
+    for (const auto& [found, where] : failures) {
+        ADD_FAILURE_AT(decoding.file.c_str(), decoding.line) << decoding.title << "\nunder code " << where << ":\n"
+                                                             << found;
     }
     for (const Line& line : decoding.lines) {
         const auto expected = [&](int variant) { return line.in(variant, 'R') || (!whole && line.in(variant, 'T')); };
-        EXPECT_TRUE(std::ranges::any_of(variants, expected)) << "expected nowhere: " << line.text;
+        if (std::ranges::none_of(variants, expected)) {
+            ADD_FAILURE_AT(decoding.file.c_str(), decoding.line)
+                << decoding.title << "\nunder no code, for the filter is [" << line.filter << "]: " << line.text;
+        }
     }
 }
 
-void PrintTo(const Case& decoding, std::ostream* stream) { *stream << decoding.name; }
+void PrintTo(const Case& decoding, std::ostream* stream) { *stream << decoding.title; }
 
-// The first clause of a case's title, in the characters that GoogleTest allows.
+// The file and the first clause of a case's title, in the characters that GoogleTest allows.
 std::string test_name(const testing::TestParamInfo<Case>& decoding) {
-    const std::string& name = decoding.param.name;
-    return std::regex_replace(name.substr(0, name.find_first_of(":;")), std::regex("[^A-Za-z0-9]"), "_");
+    const Case& of = decoding.param;
+    return std::regex_replace(of.file.stem().string() + "_" + of.title.substr(0, of.title.find_first_of(":;")),
+                              std::regex("[^A-Za-z0-9]"), "_");
 }
 
 INSTANTIATE_TEST_SUITE_P(, Decoding, testing::ValuesIn(all_cases()), test_name);

@@ -1,0 +1,22 @@
+#include "calls/damage.h"
+
+std::uint64_t DamageCount::note(const Pass& pass, bool cut_message) {
+    const bool bad_frame = pass.out_of_step || cut_message;
+    const bool corrupt_data = pass.corrupt_data_at != 0;
+    const bool begins = !within_place_ && (bad_frame || corrupt_data);
+    within_place_ = bad_frame;
+    if (!begins) {
+        return 0;
+    }
+    const std::uint64_t frame_at = pass.records.empty() ? 0 : pass.records.front().at;
+    const std::uint64_t at = corrupt_data ? pass.corrupt_data_at : frame_at;
+    if (places_++ == 0) {
+        first_at_ = at;
+    }
+    return at;
+}
+
+std::string DamageCount::text() const {
+    return std::to_string(places_) + (places_ == 1 ? " damaged place, at" : " damaged places, first at") +
+           " report line " + std::to_string(first_at_);
+}

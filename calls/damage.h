@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "calls/trace_walk.h"
+
+// Counts the places where a trace is damaged: corrupt data between records; a frame that is cut, or that the decoder
+// reads over. What follows such a frame without a sound one between belongs to the same place.
+class DamageCount {
+ public:
+    // To be told of every pass, and whether a message of its records ends within an element or its head. Gives the
+    // report line where a new damaged place begins; 0 when none does.
+    std::uint64_t note(const Pass& pass, bool cut_message);
+
+    [[nodiscard]] std::uint64_t places() const { return places_; }
+
+    // "3 damaged places, first at report line 8427"
+    [[nodiscard]] std::string text() const;
+
+ private:
+    std::uint64_t places_ = 0;
+    std::uint64_t first_at_ = 0;
+    bool within_place_ = false;
+};
