@@ -233,7 +233,8 @@
     function linesOf(frame) {
         const text = reportLines(frame);
         const moved = text.split('\n').every(line => line === '' || line.startsWith(INDENT));
-        return [make('p', {}, `less +${frame.at}`), make('pre', { className: moved ? 'moved' : '' }, text)];
+        const place = frame.at === NONE ? 'not in the report' : `less +${frame.at}`;
+        return [make('p', {}, place), make('pre', { className: moved ? 'moved' : '' }, text)];
     }
 
     function unfold(details, run) {
@@ -266,7 +267,8 @@
         const kind = { [LAYER_2]: 'layer2', [DAMAGE]: 'damage' }[key] ?? 'message';
         const details = make('details', {}, summaryOf(run, bothWays ? 'TR' : way));
         details.ontoggle = () => unfold(details, run);
-        return make('li', { data: { at, way: bothWays ? 'TR' : way, [kind]: message } }, details);
+        const data = key === DAMAGE ? {} : { way: bothWays ? 'TR' : way };
+        return make('li', { data: { at, ...data, [kind]: message } }, details);
     }
 
     const makeRow = ({ pause, run }) => pause ? pauseRow(pause) : frameRow(run);
