@@ -75,7 +75,8 @@ void CallCourse::note_answer(const Message& message, Leg& leg) {
     }
     const bool refusal = to_all_ && is_clearing(message.step);
     answered_ = answered_ || !refusal;
-    if (!leg.has_answered && cleared_ != NONE && !(refusal && cleared_by_caller())) {
+    const bool crosses = leg.clearing.by != Cleared::OPEN || (refusal && cleared_by_caller());
+    if (!leg.has_answered && !crosses) {
         cleared_ = NONE;
     }
     leg.has_answered = true;
@@ -221,12 +222,14 @@ void CallCourse::restart(Time elapsed) {
     restarted_ = true;
 }
 
+// A terminal whose CONNECT was second may be the one that is acknowledged.
 bool CallCourse::is_over() const {
     if (restarted_) {
         return true;
     }
+    const auto may_go_on = [&](const Leg& leg) { return leg.connected && !leg.is_over && !acknowledged_; };
     const std::size_t leg = connected_ == NONE && !to_all_ ? 0 : connected_;
-    return leg != NONE && legs_[leg].is_over;
+    return leg != NONE && legs_[leg].is_over && std::ranges::none_of(legs_, may_go_on);
 }
 
 bool CallCourse::is_over_for(const Message& message) const {

@@ -33,5 +33,5 @@ quietly() {
 # shellcheck disable=SC2034 # used by the scripts that source this one
 test_packages=(
     g++ cmake make libgtest-dev libpcap-dev
-    acl bsdextrautils busybox gawk mawk mscgen parallel pv strace zzuf
+    acl bsdextrautils gawk miller parallel pv strace zzuf
 )
