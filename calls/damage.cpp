@@ -1,5 +1,7 @@
 #include "calls/damage.h"
 
+#include "io/diagnostics.h"
+
 std::uint64_t DamageCount::note(const Pass& pass, bool cut_message) {
     const bool bad_frame = pass.out_of_step || cut_message;
     const bool corrupt_data = pass.corrupt_data_at != 0;
@@ -19,4 +21,17 @@ std::uint64_t DamageCount::note(const Pass& pass, bool cut_message) {
 std::string DamageCount::text() const {
     return std::to_string(places_) + (places_ == 1 ? " damaged place, at" : " damaged places, first at") +
            " report line " + std::to_string(first_at_);
+}
+
+bool tell_damage(const std::string& trace, const TraceWalk& walk, const DamageCount& damage) {
+    if (damage.places() != 0) {
+        say(trace + ": " + damage.text() + "; calls may be missing");
+    }
+    if (walk.end() == TraceWalk::End::CUT) {
+        say(trace + ": the trace ends within a record, at report line " + std::to_string(walk.line()) +
+            "; calls may be missing");
+    } else if (walk.end() == TraceWalk::End::UNREADABLE) {
+        say(trace + ": could not read all of it");
+    }
+    return walk.end() == TraceWalk::End::WHOLE;
 }

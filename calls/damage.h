@@ -23,3 +23,7 @@ class DamageCount {
     std::uint64_t first_at_ = 0;
     bool within_place_ = false;
 };
+
+// Says on standard error where a trace that was gone through is damaged, and when it ends early. False when it was not
+// read to its end.
+bool tell_damage(const std::string& trace, const TraceWalk& walk, const DamageCount& damage);

@@ -1,6 +1,7 @@
 #include "page/escape.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "io/hex_digits.h"
@@ -9,23 +10,35 @@ namespace {
 
 constexpr std::string_view INDENT = "                                       ";
 
-bool stands_for_itself(char byte) {
-    return byte == '\n' || (byte >= ' ' && byte <= '~' && byte != '<' && byte != '\\');
+// The bytes that stand for themselves in data.
+using ByteSet = std::array<bool, 256>;
+
+constexpr ByteSet plain_bytes() {
+    ByteSet plain{};
+    for (char byte = ' '; byte <= '~'; ++byte) {
+        plain[static_cast<std::uint8_t>(byte)] = byte != '<' && byte != '\\';
+    }
+    return plain;
 }
 
-void append_line(std::string& data, std::string_view line) {
-    for (; line.starts_with(INDENT); line.remove_prefix(INDENT.size())) {
-        data += "\\>";
+constexpr ByteSet PLAIN = plain_bytes();
+
+std::size_t count_plain(std::string_view bytes) {
+    const auto is_plain = [](char byte) { return PLAIN[static_cast<std::uint8_t>(byte)]; };
+    return static_cast<std::size_t>(std::ranges::find_if_not(bytes, is_plain) - bytes.begin());
+}
+
+// Appends what can stand as it is at the beginning of a text, the `end` after it too, or else an escaped byte. Gives
+// how many bytes that are.
+std::size_t append_piece(std::string& data, std::string_view bytes, char end) {
+    std::size_t size = count_plain(bytes);
+    size += size < bytes.size() && bytes[size] == end ? 1 : 0;
+    if (size != 0) {
+        data.append(bytes.substr(0, size));
+        return size;
     }
-    while (!line.empty()) {
-        const auto* const end = std::ranges::find_if_not(line, stands_for_itself);
-        data.append(line.begin(), end);
-        line.remove_prefix(static_cast<std::size_t>(end - line.begin()));
-        if (!line.empty()) {
-            data.append("\\").append(hex_pair(static_cast<std::uint8_t>(line.front())), 2);
-            line.remove_prefix(1);
-        }
-    }
+    data.append("\\").append(hex_pair(static_cast<std::uint8_t>(bytes.front())), 2);
+    return 1;
 }
 
 std::string_view entity(char byte) {
@@ -43,20 +56,19 @@ std::string_view entity(char byte) {
 
 void append_data(std::string& data, std::string_view bytes) {
     while (!bytes.empty()) {
-        const std::size_t line_end = bytes.find('\n');
-        const std::size_t size = line_end == std::string_view::npos ? bytes.size() : line_end + 1;
-        append_line(data, bytes.substr(0, size));
-        bytes.remove_prefix(size);
+        if (bytes.starts_with(INDENT)) {
+            data += "\\>";
+            bytes.remove_prefix(INDENT.size());
+        } else {
+            bytes.remove_prefix(append_piece(data, bytes, '\n'));
+        }
     }
 }
 
 void append_values(std::string& data, std::string_view values) {
-    for (std::size_t tab = values.find('\t'); tab != std::string_view::npos; tab = values.find('\t')) {
-        append_data(data, values.substr(0, tab));
-        data += '\t';
-        values.remove_prefix(tab + 1);
+    while (!values.empty()) {
+        values.remove_prefix(append_piece(data, values, '\t'));
     }
-    append_data(data, values);
 }
 
 std::string html_text(std::string_view bytes) {
