@@ -76,16 +76,16 @@ void CallCourse::note_answer(const Message& message, Leg& leg) {
     const bool refusal = to_all_ && is_clearing(message.step);
     answered_ = answered_ || !refusal;
     const bool crosses = leg.clearing.by != Cleared::OPEN || (refusal && cleared_by_caller());
-    if (!leg.has_answered && !crosses) {
+    if (to_all_ && !leg.has_answered && !crosses) {
         cleared_ = NONE;
     }
     leg.has_answered = true;
 }
 
-// A refusal by one of several terminals is no reason of the call, nor is a STATUS.
+// A refusal by one of several terminals is no reason of the call, nor is a STATUS, nor what is said after its end.
 void CallCourse::note_reason(const Message& message) {
     const bool counts = !is_status(message.step) && !(to_all_ && is_clearing(message.step));
-    if (!reason_ && counts && message.cause && message.cause->reason != Reason::NORMAL) {
+    if (!reason_ && counts && cleared_ == NONE && message.cause && message.cause->reason != Reason::NORMAL) {
         reason_ = message.cause;
     }
 }
@@ -117,7 +117,7 @@ void CallCourse::note_setup(const Message& setup) {
 
 bool CallCourse::repeats_setup(const Message& setup) const {
     const bool same = setup_content_ == setup.content && by_caller(setup) && to_all_ == (setup.tei == TEI_ALL);
-    if (!same || answered_ || restarted_ || cleared_by_caller()) {
+    if (!same || answered_ || connected_ != NONE || restarted_ || cleared_by_caller()) {
         return false;
     }
     const Time passed = difference(setup_time_, setup.elapsed);
@@ -230,6 +230,10 @@ bool CallCourse::is_over() const {
     const auto may_go_on = [&](const Leg& leg) { return leg.connected && !leg.is_over && !acknowledged_; };
     const std::size_t leg = connected_ == NONE && !to_all_ ? 0 : connected_;
     return leg != NONE && legs_[leg].is_over && std::ranges::none_of(legs_, may_go_on);
+}
+
+bool CallCourse::is_released_by_all() const {
+    return std::ranges::all_of(legs_, [](const Leg& leg) { return !leg.has_answered || leg.is_over; });
 }
 
 bool CallCourse::is_over_for(const Message& message) const {

@@ -35,6 +35,7 @@ class CallCourse {
 
     [[nodiscard]] bool to_all() const { return to_all_; }
     [[nodiscard]] bool is_over() const;                            // its call reference is free again
+    [[nodiscard]] bool is_released_by_all() const;                 // by all terminals that have answered
     [[nodiscard]] bool is_over_for(const Message& message) const;  // at least for the terminal of that message
 
     [[nodiscard]] const std::string& channel() const { return channel_; }

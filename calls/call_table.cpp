@@ -98,7 +98,7 @@ class CallTable::State {
         if (opens(message)) {
             return message.tei == TEI_ALL;
         }
-        const bool of_one_terminal = no != 0 && !course(no).is_over();
+        const bool of_one_terminal = no != 0 && !course(no).is_over() && !course(no).is_released_by_all();
         return called_by_network(message) && !of_one_terminal;
     }
 

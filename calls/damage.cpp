@@ -2,8 +2,15 @@
 
 #include "io/diagnostics.h"
 
-std::uint64_t DamageCount::note(const Pass& pass, bool cut_message) {
-    const bool bad_frame = pass.out_of_step || cut_message;
+void DamageCount::note(const Message& message) {
+    cut_message_ = cut_message_ || message.damaged;
+    empty_reference_ = empty_reference_ || (message.is_message && message.reference.empty());
+}
+
+std::uint64_t DamageCount::note(const Pass& pass) {
+    empty_reference_ = empty_reference_ && pass.out_of_step;
+    const bool bad_frame = cut_message_ || (pass.out_of_step && !empty_reference_);
+    cut_message_ = false;
     const bool corrupt_data = pass.corrupt_data_at != 0;
     const bool begins = !within_place_ && (bad_frame || corrupt_data);
     within_place_ = bad_frame;

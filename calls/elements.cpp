@@ -82,6 +82,9 @@ void read_channel(Message& message, Contents contents) {
         message.interface.append(hex_pair(identifier & 0x7F), 2);
         more = extended(identifier);
     }
+    if (message.interface.find_first_not_of('0') == std::string::npos) {
+        message.interface.clear();  // interface 0 is the one that has the D channel, as without an identifier
+    }
     if ((octet_3 & 0x20) == 0) {
         const unsigned selected = octet_3 & 0x03U;
         message.channel = selected == 1 ? "B1" : selected == 2 ? "B2" : "";

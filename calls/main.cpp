@@ -99,20 +99,19 @@ class Listing {
  private:
     void take_pass() {
         bool wanted = false;
-        bool cut = false;
         for (const FoundRecord& record : walk_.pass().records) {
             if (!is_frame(record)) {
                 continue;
             }
             const Message message = read_message(frame_of(record));
             const CallTable::Added added = calls_.add(message);
-            cut = cut || message.damaged;
+            damage_.note(message);
             wanted = wanted || (added.no != 0 && command_.wants(added.no));
             if (command_.messages && message.is_message && !added.repeated && command_.wants(added.no)) {
                 print_line(message_row(message, added.no, walk_.start(), trace_));
             }
         }
-        damage_.note(walk_.pass(), cut);
+        damage_.note(walk_.pass());
         if (wanted && command_.wants_frames()) {
             out.write(walk_.pass().text);
         }

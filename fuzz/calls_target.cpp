@@ -56,10 +56,11 @@ void list(const char* trace, bool hex_trace) {
             if (is_frame(record)) {
                 const Message message = read_message(frame_of(record));
                 const CallTable::Added added = calls.add(message);
+                damage.note(message);
                 check(calls, added, message_row(message, added.no, walk.start(), trace), 13);
             }
         }
-        damage.note(walk.pass(), false);
+        damage.note(walk.pass());
     }
     for (std::uint32_t no = 1; no <= calls.size(); ++no) {
         check(calls, {.no = no}, call_row(calls.call(no), walk.start(), trace), 17);

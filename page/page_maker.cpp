@@ -1,6 +1,5 @@
 #include "page/page_maker.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "calls/columns.h"
@@ -99,8 +98,10 @@ void PageMaker::take_pass() {
 
 // Damage stands before the frames of its pass. What the report says of corrupt data can hold octets of any call.
 void PageMaker::take_damage(const Pass& pass) {
-    const bool cut = std::ranges::any_of(frames_, [](const PageFrame& frame) { return frame.message.damaged; });
-    const std::uint64_t at = damage_.note(pass, cut);
+    for (const PageFrame& frame : frames_) {
+        damage_.note(frame.message);
+    }
+    const std::uint64_t at = damage_.note(pass);
     if (at == 0 || !choice_.shows_damage()) {
         return;
     }
