@@ -11,7 +11,7 @@
     const WORDS = {
         start: 'Start', at: 'Report line', by: 'Opened by', line: 'Line', call: 'Reference', from: 'From', to: 'To',
         channel: 'Channel', alert: 'Rings after', ring: 'Rings for', talk: 'Talk', result: 'Result',
-        cleared: 'Cleared by', cause: 'Cause', location: 'Location of the cause', messages: 'Messages',
+        cleared: 'Cleared by', cause: 'Cause', location: 'Location', messages: 'Messages',
     };
     const ENDS = { ...SIDES, open: 'nobody in this trace', restart: 'RESTART', status: 'STATUS', suspend: 'SUSPEND' };
     const SECONDS = ['alert', 'ring', 'talk'];
