@@ -50,7 +50,8 @@
     function findFrames() {
         for (let at = frameText.indexOf('\n\t'); at >= 0; at = frameText.indexOf('\n\t', at + 2)) {
             const key = frameText.slice(at + 2, frameText.indexOf('\t', at + 2));
-            framesOf.has(key) ? framesOf.get(key).push(frameStarts.length) : framesOf.set(key, [frameStarts.length]);
+            if (!framesOf.has(key)) framesOf.set(key, []);
+            framesOf.get(key).push(frameStarts.length);
             frameStarts.push(at + 2);
         }
     }

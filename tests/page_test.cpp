@@ -54,7 +54,7 @@ std::string setup(const std::string& display) {
 TEST(Page, BytesOfTheTraceAreEscaped) {
     const Folder folder;
     const std::string display =
-        "</script>\\3c\\> \"&'" + bytes_of("00 09 0d 1b 7f 80 a0 e2 80 ae ff") + "\n\t9\t-\n" + INDENT;
+        R"(</script>\3c\> "&')" + bytes_of("00 09 0d 1b 7f 80 a0 e2 80 ae ff") + "\n\t9\t-\n" + INDENT;
     folder.write("<&>\"'\x80", ZERO_HEADER + "\x11\x02" + setup(display));
     ASSERT_EQ(run(folder, "PAGE '<&>\"'\"'\"'\x80' page").terminal, "");
     const std::string page = folder.read("page");
