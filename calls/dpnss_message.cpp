@@ -92,7 +92,8 @@ void read_field(Message& message, Field field, Octets& octets) {
 }  // namespace
 
 // A frame: address with command/response bit 2, timeslot, control; then message type and fields.
-void read_dpnss_frame(Message& message, const Frame& frame, Octets& octets) {
+void read_dpnss_frame(Message& message, Variant variant, Octets& octets) {
+    const std::uint64_t content = hash_of(octets.rest());
     const bool bit = (octets.next() & 0x02) != 0;
     const std::uint8_t timeslot = octets.next();
     const std::uint8_t control = octets.next();
@@ -100,20 +101,20 @@ void read_dpnss_frame(Message& message, const Frame& frame, Octets& octets) {
         message.name = "Incomplete Frame";
         return;
     }
-    const bool received = !frame.transmitted;
-    message.name = frame_name(control, frame.variant == PRI_DPNSS_A ? received : bit == received);
+    const bool received = !message.transmitted;
+    message.name = frame_name(control, variant == PRI_DPNSS_A ? received : bit == received);
     if ((control & 0xEF) != 0x03 || octets.empty()) {
         return;
     }
-    const bool dass2 = frame.variant == PRI_DASS2;
+    const bool dass2 = variant == PRI_DASS2;
     const std::uint8_t octet = octets.next();
-    const MessageType& type = message_type(octet, dass2, frame.transmitted);
+    const MessageType& type = message_type(octet, dass2, message.transmitted);
     message.is_message = true;
     message.reference = timeslot_text(timeslot);
     message.send_number = static_cast<std::uint8_t>((control >> 4U) & 1U);
-    message.content = hash_of(frame.octets);
+    message.content = content;
     message.of_call = type.name.find("Maintenance") == std::string_view::npos;
-    message.step = message.of_call ? step_of(octet, dass2, frame.transmitted) : Step::OTHER;
+    message.step = message.of_call ? step_of(octet, dass2, message.transmitted) : Step::OTHER;
     message.name = full_name(type.name, octet);
     read_field(message, type.first, octets);
     read_field(message, type.second, octets);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "calls/message.h"
+#include "calls/read_message.h"
 #include "calls/trace_walk.h"
 
 inline bool is_frame(const FoundRecord& found) {

@@ -2,11 +2,8 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
-
-#include "report/state.h"
 
 // What a frame of a trace says, as values: taken from the octets of one record, each length checked against that
 // record.
@@ -39,16 +36,6 @@ struct Cause {
     std::string_view words;  // of constant text; empty where Q.850 has none, or the cause is not one of its
     std::optional<std::uint8_t> location;  // 0..15; DASS2 and DPNSS have none
     Reason reason;
-};
-
-// A record that holds a frame, and what is known of it beside its octets.
-struct Frame {
-    Variant variant = NO_VARIANT;
-    bool transmitted = false;
-    std::optional<std::uint8_t> line;      // basic rate
-    std::span<const std::uint8_t> octets;  // from the first address octet on
-    std::optional<std::int64_t> elapsed;   // milliseconds from the first time-stamp record to the last one before
-    std::uint64_t at = 0;                  // the report's line where the frame begins; 0: after its end
 };
 
 // A frame: its head, and what it says when it holds a message of layer 3.
@@ -87,6 +74,3 @@ struct Message {
     std::optional<std::uint8_t> call_state;     // 0..63
     std::optional<std::uint8_t> restart_class;  // 0 channels, 6 the interface, 7 all interfaces
 };
-
-// What the frame says. Any octets will do, even none.
-Message read_message(const Frame& frame);

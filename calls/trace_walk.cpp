@@ -61,7 +61,7 @@ void TraceWalk::start_pass() {
 }
 
 // False at the end of the trace.
-bool TraceWalk::make_pass() {
+bool TraceWalk::make_pass() const {
     if (report_ended_) {
         Record record;
         return trace_reader.next_record(record);  // found() takes note of it

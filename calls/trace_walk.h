@@ -62,7 +62,7 @@ class TraceWalk : private ReaderObserver, private OutputSink {
     void take(std::string_view bytes) override;
     void start_pass();
     void end_pass();
-    bool make_pass();
+    [[nodiscard]] bool make_pass() const;
     void end_early(Abort why);
 
     const bool keep_text_;

@@ -2,7 +2,7 @@
 
 #include "captures/frame.h"
 
-// A capture written frame by frame.
+// Writes a capture frame by frame.
 class CaptureWriter {
  public:
     CaptureWriter() = default;
@@ -10,5 +10,6 @@ class CaptureWriter {
     CaptureWriter(const CaptureWriter&) = delete;
     CaptureWriter& operator=(const CaptureWriter&) = delete;
 
+    // Writes a frame whose time is from 1970 on.
     virtual void write(const Frame& frame) = 0;
 };

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-// EyeSDN files: the name, then records: an octet FF, a header of 12 octets, the frame. Behind the FF an octet FE stands
-// for escape: what is meant is the next octet plus 2. The header's numbers are big-endian.
+// EyeSDN files: the name, then records. A record is an octet FF, a header of 12 octets, and the frame. In header and
+// frame an octet FE is an escape: it means the next octet plus 2. The header's numbers have the high octet first.
 //
 //   0  microseconds
 //   3  seconds since 1 January 1970 UTC

@@ -5,10 +5,9 @@
 
 namespace {
 
-// Seconds have 40 bits; those before 1970 are below 0.
-std::int64_t time_of(std::span<const std::uint8_t> header) {
-    const auto seconds = static_cast<std::int64_t>(high_octet_first(header.subspan(3, 5)) << 24U) >> 24U;
-    return seconds * MICROSECONDS + static_cast<std::int64_t>(high_octet_first(header.first(3)));
+// The seconds of the time: 40 bits, below 0 before 1970.
+std::int64_t seconds_in(std::span<const std::uint8_t> header) {
+    return static_cast<std::int64_t>(high_octet_first(header.subspan(3, 5)) << 24U) >> 24U;
 }
 
 bool is_frame(std::uint8_t channel, unsigned protocol) {
@@ -42,7 +41,7 @@ bool EyesdnReader::read(std::span<std::uint8_t> octets) {
     return true;
 }
 
-// Goes to after the octet that begins the next record. Whether it is the next one.
+// Skips up to the octet that begins the next record, and takes it. True when there was nothing to skip.
 bool EyesdnReader::find_record() {
     bool skipped = false;
     while (octet() != InputStream::END) {
@@ -69,6 +68,7 @@ bool EyesdnReader::next(Packet& packet) {
         return true;
     }
     packet.other = !is_frame(header[8], header[9] >> 1U);
-    packet.frame = {.when = time_of(header), .transmitted = (header[9] & 1U) != 0, .octets = octets};
+    packet.frame = {.transmitted = (header[9] & 1U) != 0, .octets = octets};
+    set_time(packet, seconds_in(header), static_cast<std::int64_t>(high_octet_first(std::span(header).first(3))));
     return true;
 }

@@ -5,8 +5,8 @@
 #include "captures/capture_reader.h"
 #include "io/input_stream.h"
 
-// Reads an EyeSDN file from behind its name. A record that another one begins in is given up; octets of no record count
-// as a packet.
+// Reads an EyeSDN file, from after its name. A record is cut short when the next one begins in it. Octets that belong
+// to no record count as a packet.
 class EyesdnReader : public CaptureReader {
  public:
     explicit EyesdnReader(InputStream& stream) : stream_(stream) {}

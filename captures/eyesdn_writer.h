@@ -3,7 +3,7 @@
 #include "captures/capture_writer.h"
 #include "io/output_stream.h"
 
-// Writes an EyeSDN file of DPNSS frames on the D channel; its header when made.
+// Writes an EyeSDN file of DPNSS frames on the D channel. The constructor writes the file's name.
 class EyesdnWriter : public CaptureWriter {
  public:
     explicit EyesdnWriter(OutputStream& capture);

@@ -29,12 +29,6 @@ std::string link_type_name(int link_type) {
     return name != nullptr ? name : std::to_string(link_type);
 }
 
-// Seconds far off are cut, so that they can be counted in microseconds.
-std::int64_t time_of(const timeval& time) {
-    constexpr std::int64_t FAR_OFF = std::int64_t{1} << 40U;
-    return std::clamp<std::int64_t>(time.tv_sec, -FAR_OFF, FAR_OFF) * MICROSECONDS + time.tv_usec;
-}
-
 // Whether a frame is a response (Q.921 section 3.6): of the supervisory and unnumbered ones, all but the commands.
 bool is_response(std::span<const std::uint8_t> octets) {
     constexpr std::uint8_t POLL_FINAL = 0x10;
@@ -100,9 +94,8 @@ bool PcapReader::next(Packet& packet) {
     } else {
         read_linux_lapd(octets, packet);
     }
-    packet.frame.when = time_of(header->ts);
-    if (packet.trouble == nullptr && header->caplen < header->len) {
-        packet.trouble = "cut by the snap length";
-    }
+    constexpr std::int64_t FAR_OFF = std::int64_t{1} << 40U;  // can be counted in microseconds
+    set_time(packet, std::clamp<std::int64_t>(header->ts.tv_sec, -FAR_OFF, FAR_OFF), header->ts.tv_usec);
+    packet.cut = header->caplen < header->len;
     return true;
 }

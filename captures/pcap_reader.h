@@ -8,11 +8,11 @@
 #include "captures/capture_reader.h"
 #include "io/input_stream.h"
 
-// Reads a pcap or pcapng file of link type LINUX_LAPD (177) or LAPD (203). Frames are turned to be seen from the user
-// side; those of link type 203 get their direction from the C/R bit (Q.921 section 3.3.2).
+// Reads a pcap or pcapng file of link type LINUX_LAPD (177) or LAPD (203). The directions are those that the user side
+// sees. With link type 203 the C/R bit tells them (Q.921 section 3.3.2).
 class PcapReader : public CaptureReader {
  public:
-    // Reads the file's head. A file that is no capture, or one of another link type, ends the run with a message.
+    // Reads the file's head. Ends the run with a message when it is no capture, or has another link type.
     PcapReader(InputStream& stream, const char* name);
 
     bool next(Packet& packet) override;

@@ -10,7 +10,7 @@ bool is_blank(char character) { return character == ' ' || (character >= '\t' &&
 
 bool is_digit(char character) { return character >= '0' && character <= '9'; }
 
-// What is left of a line. Each function takes something off its front, and says whether it was there.
+// The rest of a line. Each function takes something from its start, and says whether it was there.
 class Line {
  public:
     explicit Line(std::string_view text) : text_(text) {}
@@ -56,7 +56,7 @@ class Line {
     std::string_view text_;
 };
 
-// The digits behind a point, of which six count.
+// The digits after a point. Six of them count.
 std::int64_t fraction(Line& line) {
     if (!line.character('.')) {
         return 0;
@@ -69,7 +69,7 @@ std::int64_t fraction(Line& line) {
     return microseconds;
 }
 
-// The rest of a date and time of day, from behind the year.
+// The rest of a date and time of day, after the year.
 bool date_and_time(Line& line, std::int64_t year, std::int64_t& seconds) {
     std::int64_t month = 0;
     std::int64_t day = 0;
@@ -91,7 +91,7 @@ bool date_and_time(Line& line, std::int64_t year, std::int64_t& seconds) {
     return date.ok() && year <= 9999;
 }
 
-// The time that a line may begin with; the last one stays when it begins with none.
+// The time at the start of a line. A line without one leaves the last time as it is.
 bool time(Line& line, std::optional<std::int64_t>& when) {
     constexpr std::int64_t LATEST = std::int64_t{1} << 40U;
     line.blanks();
@@ -113,7 +113,7 @@ bool direction(Line& line, bool& transmitted) {
     return transmitted || line.character('R');
 }
 
-// The number of the line that may stand behind the direction.
+// The number of the line, which may come after the direction.
 bool line_number(Line& line, std::uint8_t& number) {
     std::int64_t value = 0;
     line.blanks();
@@ -124,7 +124,7 @@ bool line_number(Line& line, std::uint8_t& number) {
     return true;
 }
 
-// The octets that are left, as many as there is room for.
+// The octets up to the end of the line, or as many as there is room for.
 bool octets(Line& line, std::span<std::uint8_t> room, std::size_t& count) {
     line.blanks();
     for (count = 0; count < room.size() && !line.empty(); ++count) {
@@ -154,7 +154,7 @@ bool TextReader::take_line() {
     return true;
 }
 
-// Takes a line apart; false when it is not as it should be.
+// Reads the frame in a line. False when the line has another form.
 bool TextReader::read_frame(std::string_view text, Frame& frame) {
     Line line(text);
     std::size_t count = 0;

@@ -1,30 +1,29 @@
 #include "captures/trace_frames.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "trace/clock.h"
 
 namespace {
 
-// The seconds are cut to those that 32 bits can say, with a sign or without. Milliseconds below 0 or above 999 belong
-// to other seconds, and count first.
+// The time, or the nearest one that is 32 bits of seconds after 1970. The milliseconds may be below 0 or above 999.
 std::int64_t time_of(const Moment& moment) {
-    constexpr std::int64_t EARLIEST = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int64_t LATEST = std::numeric_limits<std::uint32_t>::max();
+    constexpr std::int64_t LATEST = (std::int64_t{1} << 32U) * MICROSECONDS - 1;
     constexpr std::int64_t FAR_OFF = std::int64_t{1} << 40U;  // can be counted in microseconds
     const std::int64_t when = std::clamp(moment.seconds, -FAR_OFF, FAR_OFF) * MICROSECONDS + moment.milliseconds * 1000;
-    return std::clamp(seconds_of(when), EARLIEST, LATEST) * MICROSECONDS + microseconds_of(when);
+    return std::clamp(when, std::int64_t{0}, LATEST);
 }
 
 }  // namespace
 
-// Takes note of the record. Whether it is a frame to be handed out.
+// Counts the record, and takes its time. True when it is a frame to hand out.
 bool TraceFrames::note_record() {
     if (record_.marker == TIME_STAMP_MARKER) {
         clock_.note(record_.octets());
     } else if (record_.marker == DEBUG_MARKER) {
         ++debug_records_;
+    } else if (line_ && record_.line != *line_) {
+        ++of_other_lines_;
     } else if (record_.length == 0) {
         ++empty_frames_;
     } else {

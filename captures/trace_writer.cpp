@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr std::size_t MOST_HELD = 1U << 20U;
+
 constexpr std::uint8_t TICKS_RESOLUTION = 1;
 constexpr std::int64_t TICK = std::int64_t{1000} * TICKS_RESOLUTION * TICK_MS;  // in microseconds
 
@@ -23,6 +25,8 @@ std::int64_t divide(std::int64_t time, std::int64_t unit) { return time / unit -
 
 TraceWriter::TraceWriter(OutputStream& trace, std::uint8_t protocol, bool hex_text)
     : trace_(trace), protocol_(protocol), hex_text_(hex_text), time_stamps_(!is_dpnss(Variant{protocol})) {}
+
+bool TraceWriter::has_lines() const { return protocol_ >= BASIC_RATE_FROM; }
 
 // The header, the protocol code and the tick resolution.
 void TraceWriter::write_head(std::int64_t when) {
@@ -37,10 +41,27 @@ void TraceWriter::write_head(std::int64_t when) {
     write_raw(header);
     write_line(std::array<std::uint8_t, 2>{protocol_, TICKS_RESOLUTION});
     clamped_ += !time_stamps_ && start != when ? 1 : 0;
+}
+
+// Writes the records that are held.
+void TraceWriter::write_held() {
+    const std::size_t data_at = has_lines() ? 3 : 2;
+    for (std::span<const std::uint8_t> rest(held_); !rest.empty();) {
+        const std::size_t size = data_at + rest[data_at - 1];
+        write_line(rest.first(size));
+        rest = rest.subspan(size);
+    }
+    held_ = {};
+}
+
+// Begins the trace at a time.
+void TraceWriter::begin(std::int64_t when) {
+    write_head(when);
+    write_held();
     begun_ = true;
 }
 
-// What the next frame needs before it to have that time.
+// Writes the time-stamp records that the next frame needs before it.
 void TraceWriter::write_time(std::int64_t when) {
     const std::uint32_t tick = tick_of(when);
     if (!last_tick_) {
@@ -61,8 +82,8 @@ std::uint32_t TraceWriter::tick_of(std::int64_t when) {
 }
 
 void TraceWriter::write(const Frame& frame) {
-    if (!begun_) {
-        write_head(frame.when);
+    if (!begun_ && (frame.timed || held_.size() > MOST_HELD)) {
+        begin(frame.when);
     }
     if (time_stamps_ && frame.timed) {
         write_time(frame.when);
@@ -72,7 +93,7 @@ void TraceWriter::write(const Frame& frame) {
 
 void TraceWriter::finish() {
     if (!begun_) {
-        write_head(0);
+        begin(0);
     }
 }
 
@@ -86,19 +107,23 @@ void TraceWriter::write_record(std::int32_t marker, std::uint8_t line, std::span
     std::array<std::uint8_t, LONGEST_RECORD> record;
     auto* end = record.begin();
     *end++ = static_cast<std::uint8_t>(marker);
-    if (protocol_ >= BASIC_RATE_FROM) {
+    if (has_lines()) {
         *end++ = line;
     }
     *end++ = static_cast<std::uint8_t>(data.size());
     end = std::ranges::copy(data, end).out;
-    write_line({record.begin(), end});
+    if (begun_) {
+        write_line({record.begin(), end});
+    } else {
+        held_.insert(held_.end(), record.begin(), end);
+    }
 }
 
 void TraceWriter::write_raw(std::span<const std::uint8_t> bytes) {
     trace_.filled(std::ranges::copy(bytes, trace_.room()).out);
 }
 
-// Writes bytes in the trace's kind; in hex text a line of their own.
+// Writes bytes as binary, or as hex text in a line of their own.
 void TraceWriter::write_line(std::span<const std::uint8_t> bytes) {
     if (!hex_text_) {
         write_raw(bytes);

@@ -32,7 +32,7 @@ std::string_view udc_controlText(std::int32_t code) {
     }
 }
 
-// A header ends with the four blanks that begin the next line: when transmitted, the indent stands behind them.
+// A header ends with the four blanks that begin the next line. When transmitted, the indent comes after them.
 void coded_field(std::string_view header, std::string_view (*code_text)(std::int32_t)) {
     octet();
     text(header);

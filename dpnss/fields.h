@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-// The fields of DASS2 and DPNSS messages. The coded ones read their octets whether or not the record still has them;
-// the character fields read what is left of the record and print nothing, not even a title, when that is nothing.
+// The fields of DASS2 and DPNSS messages. The coded fields read their octets even when the record has none left. The
+// character fields read the rest of the record; if nothing is left, they print nothing, not even a title.
 
 void service_ind_code();    // service indicator code: one octet, two when bit 8 of the first is 1
 void selection_field();     // characters to the end of the record

@@ -28,7 +28,7 @@ void ds2_debug_record() {
     abort_run(Abort::NO_RECORD);
 }
 
-// Whether a frame with that command/response bit is a command. What DPNSS A-End receives always is.
+// Whether a frame with that command/response bit is a command. At the DPNSS A-End all received frames are commands.
 bool is_command(bool bit) {
     if (variant_is(PRI_DPNSS_A)) {
         return flag == 1;
@@ -36,7 +36,7 @@ bool is_command(bool bit) {
     return bit == (flag == 1);
 }
 
-// Octet 2: timeslot 8..2; bit 7 marks a virtual channel, and counts in the number all the same.
+// Octet 2: timeslot 8..2. Bit 7 marks a virtual channel, and is part of the number too.
 void timeslot() {
     octet();
     const std::int32_t number = (value & 0xFE) >> 1;

@@ -18,7 +18,7 @@ bool is_known_option(const char* argument) { return std::strchr(optionList, argu
 bool has_destination(int count, char** argv) {
     switch (count) {
         case 2: return !begins_with_dash(argv[2]);
-        case 3:  // "-d out" names a report "-d"
+        case 3:  // with "-d out" the report is named "-d"
             return !(begins_with_dash(argv[2]) && begins_with_dash(argv[3]));
         case 4: return true;
         default: return false;

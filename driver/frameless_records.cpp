@@ -48,7 +48,7 @@ void debug_record() {
     decimal(length);
     text(")******\n  ");
     record_text(length);
-    text(" 0x");  // the digits after it are decimal all the same
+    text(" 0x");  // the digits after it are decimal nevertheless
     decimal(static_cast<std::int32_t>(first));
     text(" 0x");
     decimal(static_cast<std::int32_t>(second));

@@ -5,6 +5,6 @@
 // Debug record: two numbers and a text, shown on two lines.
 void debug_record();
 
-// Time-stamp record: a tick count and a text. The text is shown; the first record of a trace is followed by the start
-// time on the same line, the later ones set the time of the frames after them.
+// Time-stamp record: a tick count and a text. The text is shown. In the first record of a trace, the start time follows
+// on the same line; a later one sets the time of the frames after it.
 void time_stamp_record();

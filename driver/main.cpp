@@ -9,7 +9,7 @@
 
 namespace {
 
-// Names the protocol in the report and on the terminal.
+// Writes the name of the protocol into the report and on the terminal.
 void show_protocol(const Protocol& protocol) {
     report_protocol(protocol);
     std::printf("ISDN Protocol: %s%s", BRItrace != 0 ? "BRI " : "PRI ", protocol.terminal_text);
@@ -26,11 +26,11 @@ bool decode(CommandLine& Parameter) {
         decode_records();
         return true;
     } catch (const RunAborted&) {
-        return false;  // the report says where
+        return false;  // the report shows where
     }
 }
 
-// Writes out what the report still lacks. False when the trace was not read, or the report not written, whole.
+// Writes out the rest of the report. False when a read of the trace or a write of the report has failed.
 bool close_files() {
     const bool read = ifp.failed() == nullptr;
     if (!read) {

@@ -22,8 +22,8 @@ void decode_dpnss_record() {
     }
 }
 
-// A length left below 0 by the frame before keeps a debug or time-stamp record from being shown: what it holds is then
-// taken as markers, and its kind stays noted. The next record that leaves the length at 0 is shown as that kind.
+// If the previous frame has left the length below 0, a debug or time-stamp record is not shown. Its octets are then
+// taken as markers, and its kind stays noted: the next record that leaves the length at 0 is shown as that kind.
 void decode_q931_record() {
     layer_2();
     if (msglen < 0) {

@@ -26,7 +26,7 @@ bool is_folder(const char* name) {
     return ::stat(name, &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-// Reads the header into `Timeb`. A trace that could not be opened is said, and the run goes on.
+// Reads the header into `Timeb`. If the trace could not be opened, prints a message, and the run goes on.
 bool read_trace_header(const char* source) {
     if (ifp.descriptor() >= 0) {
         if (!read_header(ifp.descriptor())) {
@@ -39,7 +39,7 @@ bool read_trace_header(const char* source) {
     return true;
 }
 
-// Has the report written into what create_output() gave for that name.
+// Takes what create_output() returned for that name as the report.
 bool use_report(int report, const char* name) {
     if (report < 0) {
         std::printf("ERROR:Fail to open %s file.\n", name);
@@ -74,7 +74,7 @@ bool make_hex_text() {
 
 bool open_files(CommandLine& Parameter) {
     const char* const source = Parameter.Source;
-    const bool opened = ifp.open(source);  // whether it can be is said after the banner
+    const bool opened = ifp.open(source);  // the message that it cannot be comes after the banner
 
     std::optional<int> report;
     if (!Parameter.Destination) {

@@ -16,11 +16,11 @@ constexpr const char* NAME = "pritemp.log";
 
 OutputStream ffptemp;
 
-// In a folder that others write to it could be a link to any file, which must not be lost.
+// In a folder that others can write to, it could be a link to any other file, which must not be overwritten.
 bool may_be_overwritten(int descriptor) { return has_one_name(descriptor) && !same_file(descriptor, ofp.descriptor()); }
 
-// The temporary file, to be written and read back; where it may only be written, the reading will tell. Below 0 when
-// there can be none.
+// Creates the temporary file, for writing and reading; for writing alone if reading is not permitted, and then reading
+// it back fails later. Below 0 on failure.
 int create_temporary_file() {
     const int descriptor = create_output(NAME, ifp.descriptor(), O_RDWR | O_NOFOLLOW, may_be_overwritten);
     return descriptor != -1 || errno != EACCES

@@ -1,13 +1,12 @@
-// The way of a trace into the tables of quandrix-calls, on one input a call, for libFuzzer.
+// For libFuzzer: a trace into the tables of quandrix-calls, one input for each call.
 //
-// An input is a kind octet and the body of a trace, as decoder_target.cpp has them. The walk through the trace opens
-// files, so the trace is one that lies in memory.
+// An input is a kind octet and the body of a trace, as in decoder_target.cpp. The walk through the trace opens a file,
+// so the trace is written into a file in memory.
 
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -22,22 +21,21 @@
 
 namespace {
 
-// Writes the trace into a file in memory, whose name it gives.
+// Writes the trace into a file in memory, and returns the name of that file.
 const char* trace_of(std::uint8_t kind, const std::uint8_t* body, std::size_t size) {
     static const int descriptor = ::memfd_create("trace", MFD_CLOEXEC);
     static const std::string name = "/proc/self/fd/" + std::to_string(descriptor);
-    std::array<char, TRACE_HEADER_SIZE> header;
-    header.fill(static_cast<char>(kind));
+    std::string trace(TRACE_HEADER_SIZE, static_cast<char>(kind));
+    trace.append(body, body + size);
     const bool written = ::ftruncate(descriptor, 0) == 0 && ::lseek(descriptor, 0, SEEK_SET) == 0 &&
-                         write_all(descriptor, header.data(), header.size()) &&
-                         write_all(descriptor, reinterpret_cast<const char*>(body), size);
+                         write_all(descriptor, trace.data(), trace.size());
     if (!written) {
         std::abort();
     }
     return name.c_str();
 }
 
-// A message of a call has the number of one; every row has its columns.
+// The number of a call must exist, and every row must have all columns.
 void check(const CallTable& calls, const CallTable::Added& added, const std::string& row, std::size_t tabs) {
     if (added.no > calls.size() || static_cast<std::size_t>(std::ranges::count(row, '\t')) != tabs) {
         std::abort();

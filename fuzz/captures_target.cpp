@@ -1,7 +1,9 @@
-// The ways between traces and captures that the project reads itself, on one input a call, for libFuzzer.
+// For libFuzzer: traces into captures and back, in the formats that the project reads itself, one input for each call.
 //
-// An input is a protocol code, a kind octet, and what is read: of kind 0 the text of a trace from its records on, which
-// is exported; of kind 1 the records of an EyeSDN file, of any other kind a text, which are imported.
+// An input is a protocol code, a kind octet, and data:
+// - kind 0: the hex text of a trace's records, which is exported;
+// - kind 1: the records of an EyeSDN file, which are imported;
+// - any other kind: a text with one frame on each line, which is imported.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +11,7 @@
 
 #include "captures/eyesdn_reader.h"
 #include "captures/eyesdn_writer.h"
-#include "captures/pcap_writer.h"
+#include "captures/pcapng_writer.h"
 #include "captures/text_reader.h"
 #include "captures/trace_frames.h"
 #include "captures/trace_writer.h"
@@ -20,16 +22,16 @@
 
 namespace {
 
-OutputStream target;  // for nobody to read
+OutputStream target;  // which drops all bytes
 
 void export_trace(std::uint8_t protocol) {
     BRItrace = protocol >= BASIC_RATE_FROM ? 1 : 0;
     Ticks_resolution = protocol;
     TraceFrames frames(trace_reader);
-    PcapWriter pcap(target);
+    PcapngWriter pcapng(target);
     EyesdnWriter eyesdn(target);
     for (Frame frame; frames.next(frame);) {
-        pcap.write(frame);
+        pcapng.write(frame);
         eyesdn.write(frame);
     }
 }

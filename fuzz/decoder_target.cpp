@@ -1,8 +1,9 @@
-// The whole road of a trace, from its text to the report, on one input a call, for libFuzzer.
+// For libFuzzer: the decoding of a trace, from its text to the report, one input for each call.
 //
-// An input is a kind octet and the body of a trace: protocol code, tick resolution, records. An even kind stands for a
-// hex trace, whose body is text; an odd kind for a binary trace, whose octets become text here. The kind also fills the
-// trace header, so that traces start at times of all sizes.
+// An input is a kind octet and the body of a trace: protocol code, tick resolution, records.
+// - An even kind means a hex trace: the body is text.
+// - An odd kind means a binary trace: the body is octets, which are converted to text here.
+// - The kind also fills the trace header, so that traces start at many different times.
 
 #include <cstddef>
 #include <cstdint>
@@ -42,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Timeb.time = static_cast<std::int32_t>(kind * 0x01010101U);
     Timeb.millitm = static_cast<std::uint16_t>(kind * 0x0101U);
     ifp.open(text_of(kind, {data + 1, size - 1}));
-    ofp.attach(-1, "report");  // for nobody to read
+    ofp.attach(-1, "report");  // all bytes are dropped
     try {
         read_protocol();
         read_ticks_resolution();

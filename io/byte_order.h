@@ -22,7 +22,7 @@ constexpr std::uint64_t high_octet_first(std::span<const std::uint8_t> octets) {
     return number;
 }
 
-// Fill the octets; of a number that needs more the high ones are left out.
+// Write a number into the octets. If it needs more octets than there are, its high octets are dropped.
 constexpr void set_low_octet_first(std::span<std::uint8_t> octets, std::uint64_t number) {
     for (std::uint8_t& octet : octets) {
         octet = static_cast<std::uint8_t>(number);

@@ -2,12 +2,12 @@
 
 #include <string_view>
 
-// What a companion program says on standard error, each time a line of its own that begins with the program's name.
+// Messages of a companion program on standard error. Each is one line that begins with the program's name.
 
 void say(std::string_view text);
 
-// Says it, and exits with status 1.
+// Prints the text and exits with status 1.
 [[noreturn]] void fail(std::string_view text);
 
-// Says it together with the reason why the system refused the last call, and exits with status 1.
+// Prints the text and the reason why the last system call failed (errno), and exits with status 1.
 [[noreturn]] void fail_with_reason(std::string_view text);

@@ -19,7 +19,8 @@ int close_and_fail(int descriptor) {
 void prepare_streams() {
     for (int descriptor = 0; descriptor <= STDERR_FILENO; ++descriptor) {
         if (::fcntl(descriptor, F_GETFD) < 0) {
-            // It takes the lowest free number, this one. A report that is put there is lost, and that must be said.
+            // open() takes the lowest free number, which is this one. Writing to /dev/full fails, so that a report
+            // which goes there is not lost without a message.
             ::open(descriptor == STDIN_FILENO ? "/dev/null" : "/dev/full", O_RDWR);
         }
     }
@@ -49,8 +50,7 @@ bool is_fifo(const char* name) {
     return ::stat(name, &status) == 0 && S_ISFIFO(status.st_mode);
 }
 
-// A file that is empty already is left alone: truncating it would make the file system write all of it out at its
-// close.
+// An empty file is not truncated: after a truncation the file system writes the whole file to disk when it is closed.
 bool empty_file(int descriptor) {
     struct stat status {};
     if (::fstat(descriptor, &status) != 0) {

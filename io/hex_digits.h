@@ -19,5 +19,5 @@ constexpr HexPairs hex_pairs_of(std::string_view digits) {
 inline constexpr HexPairs HEX_PAIRS = hex_pairs_of("0123456789abcdef");
 inline constexpr HexPairs UPPER_HEX_PAIRS = hex_pairs_of("0123456789ABCDEF");
 
-// The two digits, lower-case; of a number the low 8 bits.
+// The two lower-case digits of an octet; of a larger number, those of its low 8 bits.
 inline const char* hex_pair(std::int32_t octet) { return HEX_PAIRS[static_cast<std::uint32_t>(octet) & 0xFFU].data(); }

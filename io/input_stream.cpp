@@ -31,12 +31,12 @@ constexpr auto CLASSES = [] {
     return classes;
 }();
 
-// Class of what InputStream::byte() returned; the end of the file belongs to no number and to no word.
+// Class of a value that InputStream::byte() returned. The end of the file is neither a digit nor white space.
 std::uint8_t class_of(int character) {
     return character == InputStream::END ? OTHER : CLASSES[static_cast<std::uint8_t>(character)];
 }
 
-// The next bytes of a file: how many, 0 at its end, below 0 when they cannot be read.
+// Reads the next bytes of a file. Returns how many: 0 at the end of the file, below 0 on an error.
 ssize_t read_some(int descriptor, std::span<std::uint8_t> buffer) {
     ssize_t count = 0;
     do {
@@ -81,7 +81,7 @@ void InputStream::take(int descriptor, const char* name) {
     next_ = limit_ = buffer_.data();
 }
 
-// It moves the file. NOLINTNEXTLINE(readability-make-member-function-const)
+// It moves the file position. NOLINTNEXTLINE(readability-make-member-function-const)
 bool InputStream::seek(long offset) { return ::lseek(descriptor_, offset, SEEK_SET) == offset; }
 
 void InputStream::close() {
@@ -93,8 +93,9 @@ void InputStream::close() {
 
 void InputStream::convert_by(Conversion conversion) { conversion_ = conversion; }
 
-// Reads what comes next into the front of the room, converted. How many bytes, 0 at the end, below 0 on an error. What
-// is to be converted stands in the last quarter of the room: the text of it ends before an octet that is still needed.
+// Reads the next bytes to the start of `room`, converted if there is a conversion. Returns how many: 0 at the end,
+// below 0 on an error. The octets to convert are read into the last quarter of `room`. Each becomes at most 4 bytes, so
+// the text never overwrites an octet that is still to be converted.
 ssize_t InputStream::read_into(std::span<std::uint8_t> room) {
     if (conversion_ == nullptr) {
         return read_some(descriptor_, room);
@@ -104,13 +105,15 @@ ssize_t InputStream::read_into(std::span<std::uint8_t> room) {
     if (count <= 0) {
         return count;
     }
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the bytes become characters
     auto* const text = reinterpret_cast<char*>(room.data());
     const char* const end = conversion_(octets.first(static_cast<std::size_t>(count)), converted_, text);
     converted_ += static_cast<std::uint64_t>(count);
     return end - text;
 }
 
-// Fills the buffer anew, after what is still unread. The end of the file is met once: it is not asked for again.
+// Moves the unread bytes to the start of the buffer and reads more after them. False at the end of the file; from then
+// on the file is not read again.
 bool InputStream::fill() {
     if (eof_) {
         return false;
@@ -178,8 +181,8 @@ std::size_t InputStream::scan_pairs(std::span<std::uint8_t> bytes) {
     return count;
 }
 
-// Takes the digits from the given character on, and "0x" before them, which alone is 0. A number of more than 64 bits
-// is all ones whatever its sign. False when there is no digit. The character after it is left in `character`.
+// Scans digits, and "0x" before them; "0x" alone is 0. `character` is the first character; afterwards it is the first
+// one after the number. A number of more than 64 bits is all ones, whatever its sign. False when there is no digit.
 bool InputStream::scan_digits(int& character, bool negative, std::uint64_t& number) {
     bool digits = false;
     if (character == '0') {

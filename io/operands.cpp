@@ -14,9 +14,11 @@ namespace {
 
 bool is_standard(const char* name) { return std::string_view(name) == "-"; }
 
-// Standard output, unless it is a file that is read: what is written would be read again.
+// Standard output, unless it is the file that is read (the program would read what it writes), or the file that the
+// messages go to.
 int standard_output(int source) {
-    return is_regular_file(source) && same_file(source, STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;
+    const bool taken = same_file(STDOUT_FILENO, source) || same_file(STDOUT_FILENO, STDERR_FILENO);
+    return taken && is_regular_file(STDOUT_FILENO) ? OUTPUT_REFUSED : STDOUT_FILENO;
 }
 
 }  // namespace
@@ -36,7 +38,9 @@ void open_source(InputStream& source, const char* name) {
 void create_target(OutputStream& target, const char* name, int source) {
     const int descriptor = is_standard(name) ? standard_output(source) : create_output(name, source);
     if (descriptor == OUTPUT_REFUSED) {
-        fail(std::string("cannot write ") + name + ": this run reads it, or has it as standard output or error");
+        fail(std::string("cannot write ") + name +
+             (is_standard(name) ? ": this run reads that file, or standard error goes to it too"
+                                : ": this run reads it, or has it as standard output or error"));
     }
     if (descriptor < 0) {
         fail_with_reason(std::string("cannot write ") + name);

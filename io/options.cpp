@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 
@@ -13,7 +14,7 @@ namespace {
 
 constexpr int VERSION_OPTION = 256;  // no letter
 
-// Shows a text on standard output, and ends the run.
+// Prints a text on standard output, and ends the run.
 [[noreturn]] void answer(const std::string& text) {
     const bool shown = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
     std::exit(shown ? EXIT_SUCCESS : EXIT_FAILURE);
@@ -21,13 +22,14 @@ constexpr int VERSION_OPTION = 256;  // no letter
 
 std::string option_letter(int letter) { return std::string("option -") + static_cast<char>(letter); }
 
-// What is wrong with the option that getopt_long() has just refused: a short one has a letter in `optopt`.
+// What is wrong with the option that getopt_long() has just refused. A short one has its letter in `optopt`; a long one
+// has there, when it is given a value and takes none, what stands for it among the long options.
 std::string wrong_option(int result, char** argv) {
     if (result == ':') {
         return option_letter(optopt) + " lacks its value";
     }
-    const bool is_letter = optopt > 0 && optopt < VERSION_OPTION;
-    return "unknown " + (is_letter ? option_letter(optopt) : std::string("option ") + argv[optind - 1]);
+    const bool is_long = optopt == 0 || optopt == 'h' || optopt == VERSION_OPTION;
+    return "unknown " + (is_long ? std::string("option ") + argv[optind - 1] : option_letter(optopt));
 }
 
 }  // namespace
@@ -64,4 +66,21 @@ void fail_with_usage(const Usage& usage, std::string_view why) {
     say(why);
     say(std::string("usage: ") + usage.line);
     std::exit(usage.wrong_status);
+}
+
+void expect_operands(const std::vector<const char*>& operands, std::initializer_list<const char*> names,
+                     const Usage& usage) {
+    if (operands.size() < names.size()) {
+        fail_with_usage(usage, std::string("no ") + names.begin()[operands.size()]);
+    }
+    if (operands.size() > names.size()) {
+        fail_with_usage(usage, std::string("one word too many: ") + operands[names.size()]);
+    }
+}
+
+std::optional<std::uint8_t> octet_number(std::string_view value) {
+    std::uint8_t number = 0;
+    const char* const end = value.data() + value.size();
+    const auto [read_to, error] = std::from_chars(value.data(), end, number);
+    return error == std::errc() && read_to == end ? std::optional(number) : std::nullopt;
 }

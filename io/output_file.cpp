@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int MOST_TRIES = 100;  // of finding a file that is not removed before it is locked
+constexpr int MOST_TRIES = 100;  // to lock a file before somebody removes it
 
 bool has_access_control_list(int descriptor) {
     return ::fgetxattr(descriptor, "system.posix_acl_access", nullptr, 0) > 0;
@@ -23,8 +23,8 @@ mode_t file_creation_mask() {
     return mask;
 }
 
-// Widens the permissions of a new file, which so far only its owner has. The members of its group get what all others
-// have on the source, unless the source has the same group.
+// Gives permissions on a new file to its group and to others; so far only the owner has any. If the source belongs to
+// another group, the group of the new file gets only what others have on the source.
 void widen_permissions(int descriptor, int source) {
     struct stat like {};
     struct stat created {};
@@ -49,7 +49,7 @@ int open_for_writing(const char* name, int flags, int source) {
         return created;
     }
     const int descriptor = open_without_waiting(name, flags, OWNER_ALONE);
-    // Only opening must not wait; writing into a pipe waits for its reader.
+    // Only opening must not block. Writing may: into a pipe, it waits for the reader.
     if (descriptor >= 0 && ::fcntl(descriptor, F_SETFL, 0) != 0) {
         ::close(descriptor);
         return -1;
@@ -57,7 +57,7 @@ int open_for_writing(const char* name, int flags, int source) {
     return descriptor;
 }
 
-// Whether the text for the terminal goes into that file.
+// Whether standard output or standard error goes to that file.
 bool is_terminal_text(int descriptor) {
     return is_regular_file(descriptor) &&
            (same_file(descriptor, STDOUT_FILENO) || same_file(descriptor, STDERR_FILENO));
@@ -65,8 +65,8 @@ bool is_terminal_text(int descriptor) {
 
 enum class Lock { HELD, BUSY, DEADLOCK };
 
-// Asks for a lock of the whole file by F_SETLK, or by F_SETLKW, which waits for it. A process loses it when it closes
-// any descriptor of the file.
+// Asks for a lock on the whole file. The command is F_SETLK, or F_SETLKW to wait for the lock. A process loses the lock
+// when it closes any descriptor of the file.
 Lock set_lock(int descriptor, int command) {
     struct flock whole {};
     whole.l_type = F_WRLCK;
@@ -82,11 +82,11 @@ Lock set_lock(int descriptor, int command) {
         case EACCES:
         case EAGAIN: return Lock::BUSY;
         case EDEADLK: return Lock::DEADLOCK;
-        default: return Lock::HELD;  // as far as this file system has locks
+        default: return Lock::HELD;  // this file system has no locks
     }
 }
 
-// Locks a regular file against other runs, and says on standard error when one is waited for.
+// Locks a regular file against other runs. If it has to wait for one, it says so on standard error.
 Lock wait_for_lock(int descriptor, const char* name) {
     if (!is_regular_file(descriptor) || set_lock(descriptor, F_SETLK) == Lock::HELD) {
         return Lock::HELD;

@@ -30,7 +30,7 @@ void OutputStream::write(std::string_view bytes) {
     }
 }
 
-// Writes the first `size` bytes out and moves the rest to the front.
+// Writes out the first `size` bytes and moves the rest to the start of the buffer.
 void OutputStream::write_out(std::size_t size) {
     if (sink_ != nullptr) {
         sink_->take({buffer_.data(), size});

@@ -16,22 +16,22 @@ class OutputSink {
     virtual void take(std::string_view bytes) = 0;
 };
 
-// A file written forward through one fixed buffer, in whole blocks, so that none but the last ends within a page. After
-// a write that fails nothing more is written, and what is still put in is dropped.
+// A file written forward through one fixed buffer. It is written in whole blocks: only the last one can end within a
+// page of memory. After a write has failed, nothing more is written and all further bytes are dropped.
 class OutputStream {
  public:
-    // What room() is for at the least.
+    // room() has space for at least this many bytes.
     static constexpr std::size_t LONGEST_PIECE = 512;
 
-    // Takes over an open descriptor; below 0: what is written is dropped. The name is kept for messages; it must
-    // outlive the stream.
+    // Takes over an open descriptor. Below 0, all bytes are dropped. The name is kept for messages; it must outlive the
+    // stream.
     void attach(int descriptor, const char* name);
 
-    // Hands all that is written to a sink instead; it must outlive the stream's use.
+    // Hands all bytes to a sink instead, which must stay valid while the stream is used.
     void attach(OutputSink& sink);
 
-    // Where the next bytes are to be put, LONGEST_PIECE at the most; filled() is told where they end. A full block is
-    // written out first.
+    // The place where the next bytes go, at most LONGEST_PIECE; the caller then tells filled() where they end. Before
+    // that, a full block is written out.
     char* room() {
         if (next_ >= buffer_.data() + BLOCK_SIZE) {
             write_out(BLOCK_SIZE);
@@ -40,13 +40,13 @@ class OutputStream {
     }
     void filled(char* end) { next_ = end; }
 
-    // Puts in bytes, as many as there are.
+    // Writes bytes, however many.
     void write(std::string_view bytes);
 
     // Writes out what is buffered. False when any part of the file could not be written.
     [[nodiscard]] bool flush();
 
-    // The same, and closes the descriptor; harmless when none is attached.
+    // Writes out what is buffered and closes the descriptor, if one is attached. False as above, or when closing fails.
     [[nodiscard]] bool close();
 
     // How many bytes have been written out.

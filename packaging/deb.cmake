@@ -1,5 +1,5 @@
-# The Debian packages: `cmake --workflow --preset package` writes them into build/package, the second one with what
-# QUANDRIX_CAPTURES builds.
+# The Debian packages, which `cmake --workflow --preset package` writes into build/package. The second one has the
+# programs of QUANDRIX_CAPTURES.
 set(QUANDRIX_MAINTAINER "QUANDRIX maintainers <maintainers@example.org>" CACHE STRING "Maintainer of the packages")
 
 set(CPACK_GENERATOR DEB)
@@ -10,11 +10,11 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION comm)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # it would stand in front of each package's own
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # else it would come before the summary of each package
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_documents.cmake)
 
-# package COMPONENT NAME DESCRIPTION: what is installed as that component becomes a package; its description is a file
-# whose first line is the short one.
+# package COMPONENT NAME DESCRIPTION: makes a package of what is installed as that component. DESCRIPTION is a file; its
+# first line is the summary.
 macro(package component name description)
   string(TOUPPER ${component} upper)
   file(READ ${CMAKE_CURRENT_LIST_DIR}/${description} CPACK_DEBIAN_${upper}_DESCRIPTION)
@@ -23,6 +23,7 @@ macro(package component name description)
 endmacro()
 
 package(quandrix quandrix description.txt)
+set(CPACK_DEBIAN_QUANDRIX_PACKAGE_RECOMMENDS "bsdextrautils, miller")
 if(QUANDRIX_CAPTURES)
   package(captures quandrix-captures captures.txt)
   set(CPACK_DEBIAN_CAPTURES_PACKAGE_RECOMMENDS quandrix)

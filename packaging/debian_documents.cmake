@@ -1,8 +1,16 @@
-# What Debian asks of a package's documents and an ordinary installation does without: compressed manual pages and
-# change logs, a copyright notice. CPack runs it on the installed files before they are packed, be they one package or
-# a folder for each of several components.
+# What Debian requires of the documents of a package, and an ordinary installation does not need: compressed manual
+# pages and change logs, a copyright notice. CPack runs this on the installed files before it packs them. The files of
+# each component can be in a folder of their own.
 set(root ${CPACK_TEMPORARY_DIRECTORY})
 file(GLOB compressed ${root}/usr/share/man/*/* ${root}/*/usr/share/man/*/*)
+foreach(page IN LISTS compressed)
+  if(IS_SYMLINK ${page})
+    file(READ_SYMLINK ${page} other)
+    file(REMOVE ${page})
+    file(CREATE_LINK ${other}.gz ${page}.gz SYMBOLIC)
+    list(REMOVE_ITEM compressed ${page})
+  endif()
+endforeach()
 file(GLOB folders ${root}/usr/share/doc/* ${root}/*/usr/share/doc/*)
 foreach(folder IN LISTS folders)
   configure_file(${CMAKE_CURRENT_LIST_DIR}/../CHANGELOG.md ${folder}/changelog COPYONLY NO_SOURCE_PERMISSIONS)

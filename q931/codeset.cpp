@@ -4,7 +4,7 @@
 
 namespace {
 
-// An octet as "%2x" writes it: no leading zero but a blank.
+// An octet as "%2x" writes it, with a blank instead of a leading zero.
 void padded_hex(std::int32_t octet) {
     if (octet > 0x0F) {
         hex(octet);

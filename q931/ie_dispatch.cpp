@@ -6,7 +6,7 @@
 
 namespace {
 
-// An identifier without a decoder: from 0x80 up the whole element, below it followed by a length octet and contents.
+// An identifier without a decoder. From 0x80 on it is the whole element; below 0x80, length octet and contents follow.
 void unknown_element() {
     value_text("  *Unknown IE: 0x", value, "\n");
     if (value >= 0x80) {

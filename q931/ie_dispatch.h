@@ -1,6 +1,6 @@
 #pragma once
 
-// Reads the next element identifier of codeset 0 and decodes the element (Q.931 section 4.5): by its own decoder where
-// there is one, octet by octet where there is none. An identifier that the variant does not know is only read; the
-// next octet of the element is then taken as an identifier, and the indent stays on the line.
+// Reads the next identifier of codeset 0 and decodes its information element (Q.931 section 4.5). An identifier without
+// a decoder is shown octet by octet. An identifier whose decoder belongs to other variants is only read: its indent
+// stays on the line, and the next octet of the element is taken as an identifier.
 void ie_id();

@@ -9,7 +9,7 @@ namespace {
 constexpr std::int32_t SAPI_MANAGEMENT = 63;
 constexpr std::int32_t TEI_BROADCAST = 127;
 
-// Control octet 1 in front, control octet 2 and the frame's name behind it.
+// Control octet 1, then control octet 2 and the frame's name.
 void two_octets(std::string_view name) {
     value_text("0x", value, " ");
     input();
@@ -41,8 +41,8 @@ void unnumbered_information() {
     }
 }
 
-// Control field of supervisory and unnumbered frames, by the whole of control octet 1 (in `value`, its indent
-// written). An octet that is none of these prints nothing: the next text continues its line.
+// Control field of supervisory and unnumbered frames, by all bits of control octet 1 (in `value`, its indent is
+// written). Any other octet prints nothing: the next text continues its line.
 void con_fld_com_rep() {
     switch (value) {
         case 0x01: return two_octets("  Receive Ready\n");
@@ -66,10 +66,10 @@ void con_fld_com_rep() {
     }
 }
 
-// Time stamp and direction lines, and with them the line byte (basic rate) and the length byte.
+// Writes the time stamp and direction lines. Reads the line byte (basic rate) and the length byte.
 void direction(std::string_view name) {
     output(flag);
-    text(cTimeStamp);  // a line of its own, or nothing: then two indents precede the direction
+    text(cTimeStamp);  // a line of its own, or nothing: then the direction has two indents
     output(flag);
     if (BRItrace != 0) {
         inputData(dsl);
@@ -125,7 +125,7 @@ void layer_2() {
             break;
         case DEBUG_MARKER: debug_msg = 1; return;
         case TIME_STAMP_MARKER: time_stamp_msg = 1; return;
-        default:  // octets that the frame before left unread; length and direction stay those of that frame
+        default:  // an octet that the previous frame left unread; length and direction of that frame stay
             value_text("Invalid Number: 0x", value, "\n");
             break;
     }

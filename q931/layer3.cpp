@@ -9,14 +9,14 @@
 
 namespace {
 
-// First octet of the call reference value: bit 8 tells which side it was given by.
+// First octet of the call reference value. Bit 8 is the flag: which side chose the value.
 void call_reference_flag() {
     octet();
     text((value & 0x80) != 0 ? "Orig=1" : "Dest=0");
     value_text("   CR=0x", value, "");
 }
 
-// Call reference (Q.931 section 4.3). A length other than 1 or 2 takes two octets and shows nothing.
+// Call reference (Q.931 section 4.3). For a length other than 1 or 2, two octets are read and nothing is shown.
 void call_reference() {
     input();
     switch (value) {
@@ -61,7 +61,7 @@ void layer_3() {
     if (msglen == 0) {
         return;
     }
-    // One element is decoded even when the header has run past the record.
+    // Even when the header was read past the end of the record, one element is decoded.
     do {
         if (Lock_shift != 0) {
             ie_codeset6();

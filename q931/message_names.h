@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-// Names of message types (0..255), empty for unknown ones; and the protocol discriminators of maintenance, whose
-// messages have names of their own.
+// The names of message types (0..255), empty for an unknown type. Messages with a maintenance protocol discriminator
+// have names of their own.
 std::string_view message_name(std::int32_t type);
 std::string_view maintenance_message_name(std::int32_t type);
 bool is_maintenance(std::int32_t discriminator);

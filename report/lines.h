@@ -9,17 +9,17 @@
 #include "io/hex_digits.h"
 #include "report/state.h"
 
-// Every way to write into the report. All lines of a transmitted frame begin with the transmit indent; a word says
-// whether it writes it. Columns below count from the end of the indent:
+// Every way to write into the report: the line words. All lines of a transmitted frame begin with the transmit indent;
+// the comment of a word says whether it writes that indent. The columns below count from the end of the indent:
 //
 //   0    6        15
 //     3:  1------- Extension Bit           a literal: octet tag, pattern, label
 //         -00----- Coding Standard         field()
 //
-// Words that copy a literal are always inlined: there its length is known, and copying it costs next to nothing.
+// Words that copy a literal are always inlined: then its length is known, and the copy costs almost nothing.
 //
-// A literal is written as it stands, blanks and line end included, so that a report line is found by grep; of a title
-// or a message grep the name without its "(0x..)", of a numbered line the label.
+// A literal holds its blanks and its line end, so that grep finds the code of a report line. For a title or a message,
+// grep the name without its "(0x..)"; for a numbered line, grep the label.
 
 namespace detail {
 
@@ -55,7 +55,7 @@ inline constexpr auto FIELD_MASKS = [] {
     return masks;
 }();
 
-// Put something at a place in the report's buffer and give the place after it.
+// Put something at a place in the report's buffer and return the place after it.
 [[gnu::always_inline]] inline char* put(char* at, std::string_view piece) {
     std::memcpy(at, piece.data(), piece.size());
     return at + piece.size();

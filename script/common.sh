@@ -1,9 +1,9 @@
-# Sourced by the scripts of this folder: goes to the project's root, and installs what is missing.
+# Sourced by the scripts of this folder: goes to the root of the project, and defines what the scripts share.
 # shellcheck shell=bash
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-# install_missing PACKAGE...: installs those Debian packages that are not there yet; says nothing when all are.
+# install_missing PACKAGE...: installs those Debian packages that are missing; prints nothing when none is.
 install_missing() {
     local missing=() package
     for package in "$@"; do
@@ -29,7 +29,7 @@ quietly() {
     fi
 }
 
-# What building the tests and passing them needs.
+# What is needed to build the tests and to pass them.
 # shellcheck disable=SC2034 # used by the scripts that source this one
 test_packages=(
     g++ cmake make libgtest-dev libpcap-dev

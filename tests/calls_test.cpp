@@ -1,4 +1,5 @@
-// The cases of tests/call_cases: frames in, rows of quandrix-calls out. The first file's head describes their format.
+// The cases of tests/call_cases: frames in, rows of quandrix-calls out. The first lines of the first file describe
+// their format.
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -79,7 +80,7 @@ void add_message(Case& test, const std::smatch& part) {
                         " " + octets_of(part[7]));
 }
 
-// Adds what a line of a file says. False when it says nothing.
+// Adds what a line of a file holds. False when the line has no known form.
 bool add(std::vector<Case>& cases, const std::string& source) {
     static const std::regex title(R"(== (?:\[([0-9A-F]{2})\] )?(\w.*))");
     static const std::regex time(R"(@ ([0-9.]+))");
@@ -167,7 +168,7 @@ TEST_P(Calls, Tables) {
 
 void PrintTo(const Case& test, std::ostream* stream) { *stream << test.name; }
 
-// The first clause of a case's title, in the characters that GoogleTest allows.
+// The first part of the title of a case, in the characters that GoogleTest allows.
 std::string test_name(const testing::TestParamInfo<Case>& test) {
     const std::string& name = test.param.name;
     return std::regex_replace(name.substr(0, name.find_first_of(":;")), std::regex("[^A-Za-z0-9]"), "_");

@@ -1,4 +1,5 @@
-// quandrix-import and quandrix-export: each format by hand, the way there and back, and all that can be wrong.
+// quandrix-import and quandrix-export: each format by hand, from trace to capture and back, and everything that can
+// fail.
 #include "tests/program.h"
 
 namespace {
@@ -20,7 +21,7 @@ std::string pcap_head(unsigned link_type) {
     return bytes_of("d4 c3 b2 a1 02 00 04 00 00 00 00 00 00 00 00 00 ff ff 00 00") + little_endian(link_type);
 }
 
-// A packet of a pcap file; longer on the line than in the file by `cut` octets.
+// A packet of a pcap file; on the line it was longer by `cut` octets.
 std::string packet(unsigned seconds, unsigned microseconds, const std::string& octets, unsigned cut = 0) {
     const std::string bytes = bytes_of(octets);
     const auto size = static_cast<unsigned>(bytes.size());
@@ -41,7 +42,7 @@ std::string repeated(const std::string& text, unsigned count) {
     return result;
 }
 
-// Imports a capture, and expects the trace's header, its text behind that, and what is said.
+// Imports a capture, and expects the header of the trace, the text after it, the exit status and the messages.
 void expect_import(const std::string& capture, const std::string& options, const std::string& header,
                    const std::string& body, int status, const std::string& messages) {
     const Folder folder;
@@ -98,6 +99,38 @@ TEST(Import, LeavesOutWhatCannotBeConverted) {
             summary(1, 8, 0, 7));
 }
 
+// Of each kind of trouble ten are named.
+TEST(Import, MuchTroubleIsCounted) {
+    std::string names;
+    for (int line = 1; line <= 10; ++line) {
+        names += left_out("line " + std::to_string(line), "not of the form [TIME] R|T [LINE] OCTETS");
+    }
+    expect_import(repeated("x\n", 10) + "R\nx\nR 01\nx\nR\n", "-p dass2", "00 00 00 00 00 00", "14 01\n52 01 01\n", 1,
+                  names + left_out("line 11", "a frame of no octets") + left_out("line 15", "a frame of no octets") +
+                      "quandrix-import: 2 more lines are left out: not of the form [TIME] R|T [LINE] OCTETS\n" +
+                      summary(1, 15, 0, 14));
+}
+
+// As many microseconds or more as a second has, in pcap files of microseconds and nanoseconds, and in EyeSDN files.
+TEST(Import, FractionsOfASecondThatAreNone) {
+    const std::string wrong =
+        "quandrix-import: 2 frames have a wrong fraction of a second in the capture: it counts as 0\n";
+    const std::string frame = lapd("00", "00 00", "41");
+    const std::string trace = "14 01\n52 01 41\n52 01 41\n52 01 41\n";
+    const std::string at_100_s = "64 00 00 00 00 00";
+    expect_import(pcap_head(177) + packet(100, 4000000, frame) + packet(100, 1000000, frame) +
+                      packet(1, 999999, frame) + packet(1, 4000000, lapd("04", "00 00", "")),
+                  "-p dass2", at_100_s, trace, 1,
+                  left_out("packet 4", "a frame of no octets") + summary(3, 4, 0, 1) + wrong);
+    expect_import("\x4d\x3c" + pcap_head(177).substr(2) + packet(100, 4000000000, frame) +
+                      packet(1, 1000000000, frame) + packet(1, 999999999, frame),
+                  "-p dass2", at_100_s, trace, 1, summary(3, 3, 0, 0) + wrong);
+    expect_import(
+        "EyeSDN" + bytes_of("ff fe fd fe fd fe fd 00 00 00 00 64 00 0a 00 01 41 "
+                            "ff 0f 42 40 00 00 00 00 64 00 0a 00 01 41 ff 0f 42 3f 00 00 00 00 64 00 0a 00 01 41"),
+        "-p dass2", at_100_s, trace, 1, summary(3, 3, 0, 0) + wrong);
+}
+
 // A command of the user side has a C/R bit of 0, a response 1.
 TEST(Import, LapdHasItsDirectionFromTheAddress) {
     std::string capture = pcap_head(203);
@@ -113,6 +146,38 @@ TEST(Import, LapdHasItsDirectionFromTheAddress) {
         trace += (row[0] == 'T' ? "54 0" : "52 0") + std::to_string((octets.size() + 1) / 3) + " " + octets + "\n";
     }
     expect_import(capture, "-p ni2", "00 00 00 00 00 00", trace, 0, summary(22, 22, 0, 0));
+}
+
+TEST(Import, Lines) {
+    // The line of what is no frame is not known; that of a frame which cannot be converted is.
+    const std::string capture = pcap_head(177) + packet(100, 123456, lapd("04", "00 00", "41")) +
+                                packet(1, 0, lapd("00", "00 03", "42")) + packet(1, 0, lapd("00", "00 00", "43")) +
+                                packet(1, 0, lapd("00", "00 ff", ""));
+    const std::string warning =
+        "quandrix-import: the frames are of 2 lines (0, 3), which a primary-rate trace does not tell apart: "
+        "take one with -l LINE, or give a basic-rate PROTOCOL\n";
+    const std::string trouble = left_out("packet 4", "a frame of no octets");
+    expect_import(capture, "-p dass2", AT_100_S, "14 01\n54 01 41\n52 01 42\n52 01 43\n", 1,
+                  trouble + summary(3, 4, 0, 1) + warning);
+    const std::string other_lines =
+        "quandrix-import: 2 frames from 4 packets; left out: 0 of other channels or layers, "
+        "2 of other lines, 0 not convertible\n";
+    expect_import(capture, "-p dass2 -l 0", AT_100_S, "14 01\n54 01 41\n52 01 43\n", 0, other_lines);
+    expect_import(capture + packet(1, 0, "00 04"), "-p 17 -l 255", "00 00 00 00 00 00", "11 01\n", 1,
+                  trouble + left_out("packet 5", "no LAPD frame") +
+                      "quandrix-import: 0 frames from 5 packets; left out: 0 of other channels or layers, "
+                      "3 of other lines, 2 not convertible\n");
+    expect_import("R [4] 01\nT [5] 02\n", "-p 255 -l 5", "00 00 00 00 00 00", "ff 01\n54 05 01 02\n", 0,
+                  "quandrix-import: 1 frames from 2 packets; left out: 0 of other channels or layers, "
+                  "1 of other lines, 0 not convertible\n");
+    std::string many;
+    for (int line = 20; line > 0; --line) {
+        many += "R [" + std::to_string(line) + "] 01\n";
+    }
+    expect_import(many, "-p 20", "00 00 00 00 00 00", "14 01\n" + repeated("52 01 01\n", 20), 1,
+                  summary(20, 20, 0, 0) +
+                      "quandrix-import: the frames are of 20 lines (1, 2, 3, 4, 5, 6, 7, 8, 9, 10, ...), which a "
+                      "primary-rate trace does not tell apart: take one with -l LINE, or give a basic-rate PROTOCOL\n");
 }
 
 TEST(Import, Pcapng) {
@@ -153,13 +218,16 @@ TEST(Import, Text) {
         "84 01\n50 00 04 00 00 00 00\n50 00 04 00 00 00 00\n52 00 03 02 01 7f\n54 07 03 02 01 73\n"
         "50 00 04 03 00 00 00\n52 ff 01 00\n54 00 01 0a\n50 00 04 b3 b1 ff ff\n52 00 01 00\n",
         0, summary(5, 5, 0, 0));
-    // Without a time; times that begin too late are far from the trace's start.
+    // No frame has a time; the first ones have none.
     expect_import("R 01\nT 02", "-p ni2", "00 00 00 00 00 00", "19 01\n52 01 01\n54 01 02\n", 0, summary(2, 2, 0, 0));
-    expect_import(
-        "R 01\n19500000 T 02", "-p ni2", "00 00 00 00 00 00",
-        "19 01\n52 01 01\n50 04 00 00 00 00\n50 04 66 66 66 e6\n54 01 02\n", 1,
-        summary(2, 2, 0, 0) + "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n");
-    // Before 1970; the furthest that tick counts reach.
+    const std::string late = "R [7] 01\nT" + repeated(" 41", 255) + "\n100.123 R [8] 03\n100.128 R [9] 04";
+    expect_import(late, "-p 132", AT_100_S,
+                  "84 01\n52 07 01 01\n54 00 ff" + repeated(" 41", 255) +
+                      "\n50 00 04 00 00 00 00\n50 00 04 00 00 00 00\n52 08 01 03\n50 00 04 01 00 00 00\n52 09 01 04\n",
+                  0, summary(4, 4, 0, 0));
+    expect_import("R 01\n100.123 T 02\n99 R 03", "-p dass2", AT_100_S, "14 01\n52 01 01\n54 01 02\n52 01 03\n", 0,
+                  summary(3, 3, 0, 0));
+    // Before 1970; then times further off than tick counts reach.
     expect_import("1969-12-31 23:59:59.9 R 00", "-p ni2", "ff ff ff ff 84 03",
                   "19 01\n50 04 00 00 00 00\n50 04 00 00 00 00\n52 01 00\n", 0, summary(1, 1, 0, 0));
     expect_import(
@@ -170,7 +238,19 @@ TEST(Import, Text) {
         summary(3, 3, 0, 0) + "quandrix-import: 2 frames have the nearest time that a trace can hold, not their own\n");
 }
 
-// Its seconds are a signed number of 32 bits. Where there are time stamps, they go on from there.
+// So many frames before the first time that they are not held until it comes.
+TEST(Import, TextWhoseFirstTimeIsLate) {
+    const Folder folder;
+    const Folder::Outcome outcome = run(folder,
+                                        "{ yes R 41 | head -n 400000; echo 1795255200 R 42; } | "
+                                        "IMPORT -p ni2 - trace; head -c 15 trace");
+    EXPECT_EQ(outcome.terminal,
+              summary(400001, 400001, 0, 0) +
+                  "quandrix-import: 1 frames have the nearest time that a trace can hold, not their own\n" +
+                  ZERO_HEADER + bytes_of("19 01 52 01 41"));
+}
+
+// The seconds of a header are a signed number of 32 bits. If there are time stamps, they go on from there.
 TEST(Import, TimesThatAHeaderCannotHold) {
     const std::string first = "00 00 00 80 00 00";
     const std::string last = "ff ff ff 7f e7 03";
@@ -201,15 +281,43 @@ TEST(Import, TextThatIsNoFrame) {
                       left_out("line 5", "a frame of more than 255 octets") + summary(1, 4, 0, 3));
 }
 
-// Exports a hex trace, also as a binary one, and expects the capture and what is said.
+std::string words(std::initializer_list<unsigned> numbers) {
+    std::string bytes;
+    for (const unsigned number : numbers) {
+        bytes += little_endian(number);
+    }
+    return bytes;
+}
+
+// A pcapng file: its head, an interface of link type 177 that has the name of a line, a packet on an interface. Names
+// and packets are filled up to whole words.
+const std::string PCAPNG_HEAD = bytes_of("0a 0d 0d 0a 1c 00 00 00 4d 3c 2b 1a 01 00 00 00") + words({~0U, ~0U, 28});
+
+std::string interface(unsigned line) {
+    const std::string name = "line " + std::to_string(line);
+    const auto size = static_cast<unsigned>(name.size());
+    return words({1, 36, 177, 0, 2 + (size << 16U)}) + name + std::string(8 - size, 0) + words({0, 36});
+}
+
+std::string packet_on(unsigned interface, std::uint64_t microseconds, const std::string& octets) {
+    std::string bytes = bytes_of(octets);
+    const auto size = static_cast<unsigned>(bytes.size());
+    bytes.resize((size + 3) / 4 * 4);
+    const auto block = static_cast<unsigned>(bytes.size()) + 32;
+    return words({6, block, interface, static_cast<unsigned>(microseconds >> 32U), static_cast<unsigned>(microseconds),
+                  size, size}) +
+           bytes + words({block});
+}
+
+// Exports a hex trace, also as a binary one, and expects the capture, the exit status and the messages.
 void expect_export(const std::string& body, int status, const std::string& capture, const std::string& messages,
-                   const std::string& header = AT_100_S) {
+                   const std::string& header = AT_100_S, const std::string& options = "") {
     const Folder folder;
     folder.write("hex", bytes_of(header + " 0 0 0 0") + body);
     folder.write("binary", bytes_of(header + " 0 0 0 0 " + body));
-    for (const char* command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture",
-                                "cat binary | EXPORT - capture"}) {
-        const Folder::Outcome outcome = run(folder, command);
+    for (const std::string command : {"EXPORT -d hex capture", "EXPORT binary capture", "EXPORT hex -d - >capture",
+                                      "cat binary | EXPORT - capture"}) {
+        const Folder::Outcome outcome = run(folder, command + options);
         EXPECT_EQ(outcome.status, status) << command;
         EXPECT_EQ(outcome.terminal, messages) << command;
         EXPECT_EQ(folder.read("capture"), capture) << command;
@@ -221,30 +329,55 @@ std::string exported(int frames, int debug_records, int empty) {
            " debug records, " + std::to_string(empty) + " frames of no octets\n";
 }
 
-TEST(Export, PcapOfLinuxLapd) {
+TEST(Export, PcapngOfLinuxLapd) {
     // Ticks of 10 ms from the first time stamp; the third one is before it.
     expect_export(
         "84 2 52 1 3 0 1 73 50 0 4 10 0 0 0 54 2 1 ff 44 0 4 1 2 3 4 50 0 6 67 0 0 0 41 42 54 3 0 52 4 1 7f 50 0 3 1 2 "
         "3 "
         "50 0 4 c 0 0 0 54 5 1 41",
         0,
-        pcap_head(177) + packet(100, 123000, lapd("00", "00 01", "00 01 73")) +
-            packet(100, 123000, lapd("04", "00 02", "ff")) + packet(100, 993000, lapd("00", "00 04", "7f")) +
-            packet(100, 83000, lapd("04", "00 05", "41")),
+        PCAPNG_HEAD + interface(1) + packet_on(0, 100123000, lapd("00", "00 01", "00 01 73")) + interface(2) +
+            packet_on(1, 100123000, lapd("04", "00 02", "ff")) + interface(4) +
+            packet_on(2, 100993000, lapd("00", "00 04", "7f")) + interface(5) +
+            packet_on(3, 100083000, lapd("04", "00 05", "41")),
         exported(4, 1, 1));
     const std::string longest = repeated(" 41", 255);
-    expect_export("ff 2 52 0 ff" + longest, 0, pcap_head(177) + packet(100, 123000, lapd("00", "00 00", longest)),
+    expect_export("ff 2 52 0 ff" + longest, 0,
+                  PCAPNG_HEAD + interface(0) + packet_on(0, 100123000, lapd("00", "00 00", longest)),
                   exported(1, 0, 0));
+    // Beyond 32 bits of microseconds, at 5000 s; without a frame.
+    expect_export("2 1 52 1 41", 0, PCAPNG_HEAD + interface(0) + packet_on(0, 5000000000, lapd("00", "00 00", "41")),
+                  exported(1, 0, 0), "88 13 0 0 0 0");
+    expect_export("2 1 44 0", 0, PCAPNG_HEAD + interface(0), exported(0, 1, 0));
 }
 
-// Before 1970; 5 ms before the first second that 32 bits can say; behind the last one, of which 48 ms are left.
+TEST(Export, Lines) {
+    const std::string trace = "80 1 52 7 1 41 52 c8 1 42 54 7 1 43 54 c8 0 44 7 0 52 0 1 45";
+    expect_export(trace, 0,
+                  PCAPNG_HEAD + interface(7) + packet_on(0, 100123000, lapd("00", "00 07", "41")) + interface(200) +
+                      packet_on(1, 100123000, lapd("00", "00 c8", "42")) +
+                      packet_on(0, 100123000, lapd("04", "00 07", "43")) + interface(0) +
+                      packet_on(2, 100123000, lapd("00", "00 00", "45")),
+                  exported(4, 1, 1));
+    expect_export(trace, 0,
+                  PCAPNG_HEAD + interface(7) + packet_on(0, 100123000, lapd("00", "00 07", "41")) +
+                      packet_on(0, 100123000, lapd("04", "00 07", "43")),
+                  "quandrix-export: 2 frames; left out: 3 of other lines, 1 debug records, 0 frames of no octets\n",
+                  AT_100_S, " -l 7");
+    expect_export("2 1 52 1 41", 0, PCAPNG_HEAD + interface(0),
+                  "quandrix-export: 0 frames; left out: 1 of other lines, 0 debug records, 0 frames of no octets\n",
+                  AT_100_S, " -l 7");
+}
+
+// Those before 1970, and those whose seconds are no number of 32 bits, are cut to the nearest one.
 TEST(Export, TimesFarOff) {
     const std::string frame = lapd("00", "00 00", "41");
-    expect_export("2 2 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 900000, frame), exported(1, 0, 0),
-                  "ff ff ff ff 84 3");
-    expect_export("2 1 50 4 1 0 0 0 50 4 0 0 0 0 52 1 41", 0, pcap_head(177) + packet(0x80000000, 995000, frame),
-                  exported(1, 0, 0), "0 0 0 80 0 0");
-    expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, pcap_head(177) + packet(0xFFFFFFFF, 48000, frame),
+    const std::string head = PCAPNG_HEAD + interface(0);
+    expect_export("2 2 52 1 41", 0, head + packet_on(0, 0, frame), exported(1, 0, 0), "ff ff ff ff 84 3");
+    expect_export("2 1 50 4 1 0 0 0 50 4 0 0 0 0 52 1 41", 0, head + packet_on(0, 0, frame), exported(1, 0, 0),
+                  "0 0 0 80 0 0");
+    // 2147483647.123 s and 2738041649.925 s: 4885525297.048 s.
+    expect_export("2 ff 50 4 0 0 0 0 50 4 ff ff ff 7f 52 1 41", 0, head + packet_on(0, 4294967295999999, frame),
                   exported(1, 0, 0), "ff ff ff 7f 7b 0");
 }
 
@@ -260,18 +393,19 @@ TEST(Export, EyesdnOfDass2AndDpnss) {
 }
 
 TEST(Export, DamageIsListedInTheWordsOfTheReport) {
-    const std::string frame = packet(100, 123000, lapd("00", "00 00", "41"));
+    const std::string frame = packet_on(0, 100123000, lapd("00", "00 00", "41"));
+    const std::string head = PCAPNG_HEAD + interface(0);
     expect_export(
-        "2 2 1 2 52 1 41 54 3 3 52 1 41", 0, pcap_head(177) + frame + frame,
+        "2 2 1 2 52 1 41 54 3 3 52 1 41", 0, head + frame + frame,
         "\nCORRUPT DATA ENCOUNTERED:\n01 02 \n\nCORRUPT DATA ENCOUNTERED: 54\n\nCORRUPT DATA ENCOUNTERED:\n03 03 "
         "\n" +
             exported(2, 0, 0));
-    expect_export("2 2 52 1 41 52 4 41", 1, pcap_head(177) + frame, "\n    ERROR ABORT \n" + exported(1, 0, 0));
+    expect_export("2 2 52 1 41 52 4 41", 1, head + frame, "\n    ERROR ABORT \n" + exported(1, 0, 0));
 }
 
 TEST(Captures, WayThereAndBack) {
-    // The second capture has the same frames, directions, lines and times as the first, and the report differs from the
-    // first one in stamps, debug and damage alone.
+    // The second capture has the same frames, directions, lines and times as the first. The report differs from the
+    // first one only in time stamps, debug records and damage.
     const Folder folder;
     const Folder::Outcome outcome = run(folder, R"(
 lines() { grep -vE '^ *$|Time Stamp :|TRACE START TIME|DEBUG|line 1 in sync|clock sync|CORRUPT DATA|ERROR ABORT|^([0-9A-F]{2} )+$' | sed 's/^ *T/T/'; }
@@ -289,7 +423,7 @@ done)");
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
-// Where a pipe's own permissions say nothing.
+// A trace that comes from a pipe: the permissions of the pipe do not count.
 TEST(Captures, PermissionsOfNewFiles) {
     const Folder folder;
     folder.write("text", "R 02 01 7f\n");
@@ -304,20 +438,29 @@ TEST(Captures, ThatCannotBeRead) {
     const Folder folder;
     folder.write("ethernet", pcap_head(1));
     folder.write("unknown", pcap_head(146));
+    folder.write("z", bytes_of("1f 8b 8 0 0 0 0 0"));
+    folder.write("xz",
+                 "\xFD"
+                 "7zXZ" +
+                     std::string(1, 0));
+    folder.write("bz", "BZh91AY&SY");
+    folder.write("zst", bytes_of("28 b5 2f fd 24 0"));
     folder.write("junk", bytes_of("0 1 2 3 4 5 6 7"));
     folder.write("empty", "");
     folder.write("t", frames(1));
-    const std::string usage = "quandrix-import: usage: quandrix-import [-d] -p PROTOCOL CAPTURE TRACE\n";
     const std::pair<const char*, std::string> failures[] = {
         {"IMPORT -p 17 ethernet o", "quandrix-import: ethernet holds no ISDN frames: its link type is EN10MB\n"},
         {"IMPORT -p 17 junk o", "quandrix-import: junk is no capture: unknown file format\n"},
+        {"IMPORT -p 17 z o", "quandrix-import: z is compressed; use: zcat z | quandrix-import ... -\n"},
+        {"<z IMPORT -p 17 - o", "quandrix-import: - is compressed; use: zcat - | quandrix-import ... -\n"},
+        {"IMPORT -p 17 xz o", "quandrix-import: xz is compressed; use: xzcat xz | quandrix-import ... -\n"},
+        {"IMPORT -p 17 bz o", "quandrix-import: bz is compressed; use: bzcat bz | quandrix-import ... -\n"},
+        {"IMPORT -p 17 zst o", "quandrix-import: zst is compressed; use: zstdcat zst | quandrix-import ... -\n"},
         {"IMPORT -p 17 empty o", "quandrix-import: empty is no capture: it is empty\n"},
         {"IMPORT -p 17 none o", "quandrix-import: cannot open none: No such file or directory\n"},
         {"IMPORT -p 17 . o", "quandrix-import: cannot read .: Is a directory\n"},
         {"EXPORT none o", "quandrix-export: cannot open none: No such file or directory\n"},
         {"EXPORT . o", "quandrix-export: cannot read .: Is a directory\n"},
-        {"EXPORT", "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n"},
-        {"EXPORT -x t o", "quandrix-export: usage: quandrix-export [-d] TRACE CAPTURE\n"},
         {"EXPORT empty o", "\n    ERROR ABORT \n" + exported(0, 0, 0)},
     };
     for (const auto& [command, message] : failures) {
@@ -325,14 +468,59 @@ TEST(Captures, ThatCannotBeRead) {
         EXPECT_EQ(outcome.status, 1) << command;
         EXPECT_EQ(outcome.terminal, message) << command;
     }
-    for (const char* arguments :
-         {"", "t o", "-p", "-p net6 t o", "-p 256 t o", "-p -1 t o", "-p 1x t o", "-p 1", "-p 1 t o x"}) {
-        EXPECT_TRUE(run(folder, std::string("IMPORT ") + arguments).terminal.starts_with(usage)) << arguments;
+}
+
+TEST(Captures, CommandLineThatIsWrong) {
+    const std::string import_usage =
+        "quandrix-import: usage: quandrix-import [-d] [-l LINE] -p PROTOCOL CAPTURE TRACE\n";
+    const std::string export_usage = "quandrix-export: usage: quandrix-export [-d] [-l LINE] TRACE CAPTURE\n";
+    const std::pair<const char*, const char*> failures[] = {
+        {"IMPORT", "no -p PROTOCOL"},
+        {"IMPORT t o", "no -p PROTOCOL"},
+        {"IMPORT -p", "option -p lacks its value"},
+        {"IMPORT t o -p net6", "no PROTOCOL (--help lists them): net6"},
+        {"IMPORT -p 256 t o", "no PROTOCOL (--help lists them): 256"},
+        {"IMPORT -p -1 t o", "no PROTOCOL (--help lists them): -1"},
+        {"IMPORT -p 1x t o", "no PROTOCOL (--help lists them): 1x"},
+        {"IMPORT -p '' t o", "no PROTOCOL (--help lists them): "},
+        {"IMPORT -p 1 -l 256 t o", "no LINE of 0 to 255: 256"},
+        {"IMPORT -p 1 -l '' t o", "no LINE of 0 to 255: "},
+        {"IMPORT -p 1", "no CAPTURE"},
+        {"IMPORT -p 1 t", "no TRACE"},
+        {"IMPORT -p 1 t o x", "one word too many: x"},
+        {"EXPORT", "no TRACE"},
+        {"EXPORT t o -l -1", "no LINE of 0 to 255: -1"},
+        {"EXPORT t o -dx", "unknown option -x"},
+        {"EXPORT --hex t o", "unknown option --hex"},
+        {"EXPORT --help=all t o", "unknown option --help=all"},
+        {"EXPORT --version=2 t o", "unknown option --version=2"},
+        {"EXPORT -- t o -d", "one word too many: -d"},
+    };
+    for (const auto& [command, why] : failures) {
+        const Folder folder;
+        const Folder::Outcome outcome = run(folder, std::string(command) + " >out; s=$?; cat out; [ -e o ] || exit $s");
+        EXPECT_EQ(outcome.status, 1) << command;
+        const std::string program = command[0] == 'I' ? "quandrix-import: " : "quandrix-export: ";
+        EXPECT_EQ(outcome.terminal, program + why + "\n" + (command[0] == 'I' ? import_usage : export_usage));
     }
-    // Every name in the usage text is one that is taken.
+}
+
+TEST(Captures, HelpAndVersion) {
+    const Folder folder;
+    for (const std::string program : {"IMPORT", "EXPORT"}) {
+        const std::string name = program == "IMPORT" ? "quandrix-import" : "quandrix-export";
+        for (const char* option : {" -h", " --help", " t --help -x"}) {
+            const Folder::Outcome outcome = run(folder, program + option + " 2>&-; exit $?");
+            EXPECT_EQ(outcome.status, 0);
+            EXPECT_TRUE(outcome.terminal.starts_with("usage: " + name + " [-d] ")) << outcome.terminal;
+        }
+        EXPECT_EQ(run(folder, program + " --version 2>&-").terminal, name + " " VERSION "\n");
+        EXPECT_EQ(run(folder, program + " --help >/dev/full").status, 1);
+    }
+    // Every name in the help is accepted.
     EXPECT_EQ(run(folder,
-                  "echo R 01 >text; for name in $(IMPORT 2>&1 | sed -n 's/.*one of//p'); do "
-                  "IMPORT -d -p $name text $name 2>said || exit; tail -c +11 $name | head -n 1; done")
+                  "echo R 01 >text; for name in $(IMPORT -h | awk '/  -d /{ exit } names; /one of$/{ names = 1 }'); do "
+                  "IMPORT -d text -p $name $name 2>said || exit; tail -c +11 $name | head -n 1; done")
                   .terminal,
               "02 01\n03 01\n07 01\n09 01\n0b 01\n0c 01\n10 01\n11 01\n14 01\n17 01\n18 01\n19 01\n"
               "81 01\n82 01\n83 01\n84 01\n85 01\n86 01\n");
@@ -344,14 +532,17 @@ TEST(Captures, ThatCannotBeWritten) {
     folder.write("t", frames(1));
     folder.write("h", hex_trace);
     folder.write("text", "R 01\n");
+    const std::string refused_output = "cannot write -: this run reads that file, or standard error goes to it too\n";
     const std::string refused = ": this run reads it, or has it as standard output or error\n";
     const std::pair<const char*, std::string> failures[] = {
         {"EXPORT t ./t", "quandrix-export: cannot write ./t" + refused},
         {"ln text link; IMPORT -p 17 text link", "quandrix-import: cannot write link" + refused},
         {"<text IMPORT -p 17 - text", "quandrix-import: cannot write text" + refused},
-        {"IMPORT -p 17 text - >>text", "quandrix-import: cannot write -" + refused},
-        {"EXPORT t - 1<>t", "quandrix-export: cannot write -" + refused},
-        {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: cannot write -" + refused},
+        {"IMPORT -p 17 text - >>text", "quandrix-import: " + refused_output},
+        {"EXPORT t - 1<>t", "quandrix-export: " + refused_output},
+        {"sh -c 'ulimit -n 4; exec " EXPORT " -d h -' >>h 3<&-", "quandrix-export: " + refused_output},
+        {"IMPORT -p 17 text - >o 2>&1; s=$?; cat o; exit $s", "quandrix-import: " + refused_output},
+        {"EXPORT t - >>o 2>>o; s=$?; tail -n 1 o; exit $s", "quandrix-export: " + refused_output},
         {"EXPORT t no/c", "quandrix-export: cannot write no/c: No such file or directory\n"},
         {"IMPORT -p 17 text no/t", "quandrix-import: cannot write no/t: No such file or directory\n"},
         {"EXPORT t /dev/full", "quandrix-export: could not write all of /dev/full\n"},
@@ -367,7 +558,7 @@ TEST(Captures, ThatCannotBeWritten) {
     EXPECT_EQ(folder.read("text"), "R 01\n");
 }
 
-// Few and many bits changed by chance: the programs end and say why, and no sanitizer complains.
+// A few or many bits changed at random: the programs end with a message, and no sanitizer complains.
 TEST(Captures, DamagedOnesEndWithStatus0Or1) {
     const Folder folder;
     folder.write("lapd", pcap_head(203) + packet(1, 2, "00 01 00 00 08 01 01 05") + packet(3, 4, "02 01 01 02"));

@@ -22,7 +22,7 @@ std::vector<int> codes(std::string list) {
 // An expected line.
 struct Line {
     std::string filter;  // where it is expected: "9 16", "!9 16" (not under these), "R", "T", or everywhere
-    std::string text;    // each '>' in front of it an indent more when transmitted
+    std::string text;    // each '>' before it is one more indent when transmitted
 
     [[nodiscard]] bool in(int variant, char direction) const {
         const bool all_but = filter.starts_with('!');
@@ -46,7 +46,7 @@ struct Case {
     std::vector<Line> lines{};
 };
 
-// The lines that follow the title and length of the last element but one, so many of them.
+// So many of the lines that follow the title and the length of the last element but one.
 std::vector<Line> repeated(const std::vector<Line>& lines, std::ptrdiff_t count) {
     const auto is_length = [](const Line& line) { return line.text.starts_with("  2:           IE Length(0x"); };
     const auto last = std::find_if(lines.rbegin(), lines.rend(), is_length);
@@ -54,7 +54,7 @@ std::vector<Line> repeated(const std::vector<Line>& lines, std::ptrdiff_t count)
     return {first, first + count};
 }
 
-// "|line|[filter]line"; the filter is for all lines without their own, the column stands in front of all.
+// "|line|[filter]line". The filter is for all lines without their own; the column comes before every line.
 void add_lines(std::vector<Line>& lines, const std::string& filter, const std::string& column, std::string source) {
     static const std::regex element(R"(\|(\[[^\]]*\])?(>*)@([^|]*) (..) (..))");
     source = std::regex_replace(source, element, "|$1$2  1:           $3(0x$4)|$1  2:           IE Length(0x$5)");
@@ -74,7 +74,7 @@ void add_lines(std::vector<Line>& lines, const std::string& filter, const std::s
     }
 }
 
-// Adds what a line of a file says: a new case, or octets and lines of the last one. False when it says neither.
+// Adds what a line of a file holds: a new case, or octets and lines of the last one. False when it holds neither.
 bool add(std::vector<Case>& cases, const std::filesystem::path& file, int number, const std::string& source) {
     static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?([^[].*))");
     static const std::regex octets(
@@ -135,7 +135,7 @@ std::string expected_lines(const std::vector<Line>& lines, int variant, char dir
     return all;
 }
 
-// Adds a frame's record to a trace in hex, and its lines to the report.
+// Adds the record of a frame to a trace in hex, and its lines to the report.
 void add_frame(std::ostream& trace, std::string& report, const Case& decoding, int variant, char direction) {
     const bool basic_rate = variant >= 128;
     const std::string line = basic_rate ? " (5)" : "";
@@ -155,7 +155,7 @@ void add_frame(std::ostream& trace, std::string& report, const Case& decoding, i
     report += "\n";
 }
 
-// What a case makes of a code: the trace in hex without its header, and what is to come of it.
+// A case under one code: the trace in hex without its header, and what is expected from it.
 struct Trial {
     std::string trace;
     std::string report;  // without the line of the protocol
@@ -176,12 +176,13 @@ Trial trial_of(const Case& decoding, int variant) {
     const bool aborted = report.ends_with("ERROR ABORT \n");
     const bool failed = aborted || report.find("Invalid Tx/Rx value") != std::string::npos;
     if (aborted) {
-        report.pop_back();  // the one line of a report that is not ended
+        report.pop_back();  // the only line of a report without a line end
     }
     return {trace.str(), report, failed ? 1 : 0};
 }
 
-// The first lines in which two files of the folder differ, the expected ones with a minus. A blank at an end is marked.
+// The first lines in which two files of the folder differ, the expected ones with a minus. Blanks at line ends are
+// marked.
 std::string diff(const Folder& folder) {
     return folder
         .run(R"(diff -a -U 2 --label expected --label report expected report | cat -v | sed 's/\(..*\) $/\1<blank>/' |
@@ -189,12 +190,12 @@ std::string diff(const Folder& folder) {
         .terminal;
 }
 
-// What the program says after its banner and the protocol.
+// What the program prints after its banner and the protocol.
 std::string complaints(const std::string& terminal) {
     return terminal.substr(terminal.find('\n', terminal.find("ISDN Protocol")) + 1);
 }
 
-// Decodes a trace. What differs from what is expected; nothing when it is the same.
+// Decodes a trace and returns what differs from the expectation; nothing when all is the same.
 std::string differences(const Trial& trial, const std::string& trace, const std::string& option) {
     const Folder folder;
     folder.write("trace", trace);
@@ -247,7 +248,7 @@ TEST_P(Decoding, Report) {
 
 void PrintTo(const Case& decoding, std::ostream* stream) { *stream << decoding.title; }
 
-// The file and the first clause of a case's title, in the characters that GoogleTest allows.
+// The file and the first part of the title of a case, in the characters that GoogleTest allows.
 std::string test_name(const testing::TestParamInfo<Case>& decoding) {
     const Case& of = decoding.param;
     return std::regex_replace(of.file.stem().string() + "_" + of.title.substr(0, of.title.find_first_of(":;")),

@@ -10,7 +10,8 @@ namespace {
 
 using Row = std::vector<std::string>;
 
-// The rows of the tables, each without its first cell, by that cell. Other lines, and a message twice, are errors.
+// The rows of the tables without their first cell, which is the key. Any other line is an error, and so is a second row
+// of a message.
 std::map<std::string, Row> tables() {
     static const std::regex known("#.*|[0-9a-f]{2}([|][^|]+){3}|(CAUSE|MAINT|UDC)([|][^|]+)+");
     std::map<std::string, Row> rows;
@@ -33,7 +34,7 @@ std::string hex(std::size_t octet) {
     return stream.str();
 }
 
-// Decodes the trace and gives the lines of its report that the pattern matches, without the transmit indent.
+// Decodes the trace and returns the lines of its report that match the pattern, without the transmit indent.
 std::string lines_of(const std::string& trace, const std::string& pattern) {
     const std::string report = decode_hex(trace);
     const std::regex line("\n(?: {39})?(" + pattern + ")(?=\n)");
@@ -71,7 +72,7 @@ TEST(DpnssMessages, AllTypesInAllContexts) {
                 }
                 trace += direction + " " + hex(octets.size() / 3) + octets + "\n";
             }
-            // An empty debug record ends the trace, so that the frame in front of it is decoded whole.
+            // An empty debug record ends the trace, so that the frame before it is decoded whole.
             EXPECT_EQ(lines_of(trace + "44 00\n", "\\S.*\\(0x..\\)|  [A-Z].+"), lines) << variant << direction;
         }
     }

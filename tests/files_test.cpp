@@ -1,4 +1,4 @@
-// Files: the trace, the report, pritemp.log, and what becomes of them when runs, users or the system are in the way.
+// Files: the trace, the report and pritemp.log, when other runs, users or the system interfere.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -27,7 +27,7 @@ class Files : public testing::Test {
         return text;
     }
 
-    // Runs the commands; the program must fail with that on the terminal behind the banner, and leave SOURCE alone.
+    // Runs the commands. The program must fail with that message after the banner, and must not change SOURCE.
     void expect_failure(const std::string& commands, const std::string& message) {
         SCOPED_TRACE(commands);
         const Folder::Outcome outcome = folder.run(commands);
@@ -95,7 +95,7 @@ TEST_F(Files, ReportCannotBeWrittenWhole) {
     expect_failure("QUANDRIX t /dev/full", start.substr(BANNER.size()) + "Failed writing file /dev/full\n");
     folder.write("small", frames(1));
     EXPECT_EQ(folder.run("QUANDRIX small /dev/full").terminal, start + "Failed writing file /dev/full\n");
-    // A pipe whose reader leaves (the first tries may come before it); a file that may not grow.
+    // A pipe whose reader ends (the first tries may come before it has started); a file that may not grow.
     expect_failure(
         "mkfifo pipe; head -c 1 pipe >byte &\nfor try in $(seq 500); do QUANDRIX t pipe >out; "
         "grep -q BINARY out && break; done; cat out; false",
@@ -126,15 +126,15 @@ TEST_F(Files, TemporaryFileIsEmptiedDuringARun) {
     EXPECT_TRUE(outcome.terminal.ends_with("Failed reading file pritemp.log\n")) << outcome.terminal;
 }
 
-// Shell words: a run that stands still in the middle of its report and has pritemp.log locked; waiting for a file that
-// holds something.
+// Shell functions. hold: starts a run that blocks in the middle of its report, with pritemp.log locked.
+// holds_something: waits until a file is not empty.
 const std::string HOLDER =
     "holds_something() { for try in $(seq 2000); do [ -s $1 ] && return; sleep 0.01; done; false; }\n"
     "hold() { mkfifo pipe; exec 3<>pipe; " PROGRAM
     " ${1}t pipe 3<&- >out & holder=$!; holds_something pritemp.log; }\n";
 
 TEST_F(Files, AreLockedByOtherRunsAndRemovedMeanwhile) {
-    // The second run waits for the file that the first one, which waits for pritemp.log, has or wants.
+    // The first run waits for pritemp.log. The second one waits for a file that the first one has locked or waits for.
     for (const auto& [file, first, second] : {std::array{"o", "QUANDRIX t o", "QUANDRIX h o -d"},
                                               {"t.res", "QUANDRIX t", "QUANDRIX t"},
                                               {"pritemp.log", "QUANDRIX t o", "QUANDRIX h pritemp.log -d"}}) {
@@ -147,7 +147,7 @@ TEST_F(Files, AreLockedByOtherRunsAndRemovedMeanwhile) {
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.terminal, std::string("Waiting for another run to finish with pritemp.log\n") +
                                         "Waiting for another run to finish with " + file + "\n");
-        if (file != std::string("pritemp.log")) {  // that is the text of the run that was the last
+        if (file != std::string("pritemp.log")) {  // that holds the text of the last run
             EXPECT_EQ(folder.read(file).size(), PRI.size() + 4000 * FRAME.size());
         }
     }
@@ -163,7 +163,7 @@ TEST_F(Files, RunsDoNotWaitForEachOther) {
                                                " ../t ../B/pritemp.log 2>waits; echo $? >status) >out &\n"
                                                "holds_something waits; kill -9 $holder; wait; cat status ../B/status");
     EXPECT_TRUE(std::regex_match(outcome.terminal, std::regex("[01]\n[01]\n"))) << outcome.terminal;
-    // A lock of another kind, which a script has on its own report, is none of a run's business.
+    // A lock of another kind (flock), which a script has on its own report, does not stop a run.
     EXPECT_EQ(folder.run("timeout 20 flock o " PROGRAM " t o").status, 0);
 }
 
@@ -175,7 +175,7 @@ TEST_F(Files, TemporaryFileIsRemovedDuringARun) {
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
-// A lock makes the run say that it waits; the text must go nowhere.
+// A lock makes the run print that it waits. This text must not get into any file.
 TEST_F(Files, ClosedStandardStreams) {
     const Folder::Outcome outcome =
         folder.run(HOLDER + "hold; (sleep 0.3; kill -9 $holder) & QUANDRIX t o <&- >&- 2>&-");
@@ -219,7 +219,7 @@ TEST_F(Files, ThatCannotBeRead) {
     }
 }
 
-// The report is another name of the trace, whose own name goes while the run has it open.
+// The report is a second name of the trace. The first name is removed while the run has the trace open.
 TEST_F(Files, TraceIsRenamedDuringARun) {
     if (folder.run("strace -o log true").status != 0) {
         GTEST_SKIP() << "strace is not allowed to trace";
@@ -242,8 +242,8 @@ TEST_F(Files, NewOnesAreAsPrivateAsTheTrace) {
     EXPECT_EQ(folder.run("umask 027; chmod 644 t" + modes).terminal, "640\n640\n");
     EXPECT_EQ(folder.run("chmod 600 t; touch t.res pritemp.log; chmod 646 t.res pritemp.log" + modes).terminal,
               "646\n646\n");
-    // An access control list on the trace, also one that denies, or in the folder leaves new files to their owner
-    // alone.
+    // An access control list on the trace (even one that denies) or in the folder: only the owner can use the new
+    // files.
     EXPECT_EQ(folder.run("umask 0; chmod 644 t; setfacl -m u:4444:- t" + modes).terminal, "600\n600\n");
     EXPECT_EQ(folder.run("umask 0; setfacl -b t; chmod 640 t; setfacl -d -m u:4444:rw ." + modes).terminal,
               "600\n600\n");
@@ -268,7 +268,7 @@ int leased = -1;  // a file that this process has a lease on
 void give_lease_up(int /*signal*/) { fcntl(leased, F_SETLEASE, F_UNLCK); }
 
 TEST_F(Files, OpeningWaitsOnlyWhereItMay) {
-    // A trace that another process writes with a lease, which it gives up when asked.
+    // A trace on which another process has a lease, which it gives up when asked.
     EXPECT_EQ(folder.run("cp t leased; pwd").status, 0);
     leased = open((folder.path() / "leased").c_str(), O_RDWR);
     std::signal(SIGIO, give_lease_up);
@@ -276,13 +276,13 @@ TEST_F(Files, OpeningWaitsOnlyWhereItMay) {
     EXPECT_EQ(folder.run("QUANDRIX leased o").status, 0);
     close(leased);
     EXPECT_EQ(folder.run("timeout 5 " PROGRAM " /proc/kmsg o -d").status, 1);
-    // A FIFO's writer goes on waiting for its reader.
+    // A process that writes into a FIFO still waits for its reader.
     EXPECT_EQ(folder.run("mkfifo fifo; echo data >fifo & QUANDRIX fifo o; timeout 5 cat fifo").terminal,
               BANNER + "Seek Failed 999\ndata\n");
 }
 
 TEST_F(Files, KilledRunIsRepeated) {
-    // The pipe is open and nobody reads: the run stands still in the middle of its report.
+    // The pipe is open and nobody reads: the run blocks in the middle of its report.
     const Folder::Outcome outcome =
         folder.run("cp t copy; mkfifo pipe; exec 3<>pipe; " PROGRAM
                    " t pipe 3<&- &\n"
@@ -298,7 +298,7 @@ TEST_F(Files, NamesOfAnyLength) {
     EXPECT_EQ(folder.read(name + ".res").size(), PRI.size() + 4000 * FRAME.size());
 }
 
-// What runs for every sample.
+// Shell commands: begin a loop over all samples.
 const std::string EVERY_SAMPLE =
     "for sample in " SAMPLES "/*.hex " SAMPLES "/*.bin; do case $sample in *.hex) kind=-d;; *) kind=;; esac\n";
 
@@ -308,7 +308,7 @@ TEST_F(Files, SamplesDecodeToTheirReports) {
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
 }
 
-// Few and many bits changed by chance: the program ends and says why, and no sanitizer complains.
+// A few or many bits changed at random: the program ends with a message, and no sanitizer complains.
 TEST_F(Files, DamagedSamplesEndWithStatus0Or1) {
     const Folder::Outcome outcome =
         folder.run(EVERY_SAMPLE +

@@ -10,13 +10,13 @@
 #include <sstream>
 #include <string>
 
-// Ten zero bytes, the head of most test traces.
+// Ten zero bytes, the header of most test traces.
 inline const std::string ZERO_HEADER(10, '\0');
 
 // The transmit indent.
 inline const std::string INDENT(39, ' ');
 
-// Text with "41 42" made into bytes.
+// The bytes of a text like "41 42".
 inline std::string bytes_of(const std::string& hex) {
     std::istringstream stream(hex);
     std::string bytes;
@@ -26,11 +26,11 @@ inline std::string bytes_of(const std::string& hex) {
     return bytes;
 }
 
-// What the program says on the terminal at its start.
+// What the program prints on the terminal when it starts.
 inline const std::string BANNER =
     "\nVelmarix ISDN Trace Utility\nOffline decoder of ISDN D-channel traces\nVersion 1.00-Alpha-0.10\n";
 
-// A report's first line, a frame in it, and the frame's record.
+// The first line of a report, a frame in it, and the record of that frame.
 inline const std::string PRI = "PROTOCOL TYPE                 : PRI 4ESS/5ESS\n";
 inline const std::string FRAME = "RECEIVE\nCommand=1   SAPI=0x00\nTEI=0x00\n    0x63  Unnumbered Acknowledgment\n\n";
 inline const std::string RECORD = "52 03 02 01 63 ";
@@ -69,7 +69,7 @@ class Folder {
         std::string terminal;  // standard output and standard error
     };
 
-    // Runs shell commands in the folder, the program among them as QUANDRIX.
+    // Runs shell commands in the folder. QUANDRIX is the program.
     [[nodiscard]] Outcome run(const std::string& commands) const {
         write("commands", "cd " + root_.string() + "\nexport TZ=UTC\nQUANDRIX() { " PROGRAM " \"$@\"; }\n" + commands);
         const int status = std::system(("cd " + root_.string() + "; sh ./commands >terminal 2>&1").c_str());
@@ -80,7 +80,7 @@ class Folder {
     std::filesystem::path root_;
 };
 
-// Decodes a trace as hex text (" -d") or as bytes (""), checks the status and gives the report.
+// Decodes a trace as hex text (" -d") or as bytes (""), checks the exit status and returns the report.
 inline std::string decode(const std::string& trace, const std::string& option, int status = 0) {
     const Folder folder;
     folder.write("trace", trace);
@@ -89,7 +89,7 @@ inline std::string decode(const std::string& trace, const std::string& option, i
     return folder.read("report");
 }
 
-// The same for hex text behind a header of zero bytes.
+// The same for hex text after a header of zero bytes.
 inline std::string decode_hex(const std::string& body, int status = 0) {
     return decode(ZERO_HEADER + body, " -d", status);
 }

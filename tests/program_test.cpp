@@ -46,7 +46,7 @@ TEST(CommandLine, Errors) {
     EXPECT_EQ(folder.run("QUANDRIX no/t").terminal, "Failed opening file no/t.res\n");
 }
 
-// Kind and report text, then codes; the terminal shows the text without the blank at its end.
+// Kind and text in the report, then the codes. The terminal shows the text without a blank at its end.
 TEST(Protocol, Codes) {
     std::istringstream protocols(
         "PRI UNSPECIFIED PROTOCOL:0 E|PRI 4ESS/5ESS:2 3 100000002|PRI DMS100:7|PRI VN3:9|PRI NTT:B|PRI 1TR6:C|"
@@ -59,7 +59,7 @@ TEST(Protocol, Codes) {
         std::istringstream codes(row.substr(name.size() + 1));
         for (std::string code; codes >> code;) {
             const Folder folder;
-            folder.write("t", ZERO_HEADER + code + " 02");  // nothing behind it: the run ends before a record
+            folder.write("t", ZERO_HEADER + code + " 02");  // nothing after it: the run ends before a record
             EXPECT_EQ(folder.run("QUANDRIX t o -d").terminal,
                       BANNER + "KORVEL TRACE\nISDN Protocol: " + name.substr(0, name.find_last_not_of(' ') + 1) + "\n");
             EXPECT_EQ(folder.read("o"), (name[0] == 'P' ? "PROTOCOL TYPE                 : " : "") + name + "\n");
@@ -67,7 +67,7 @@ TEST(Protocol, Codes) {
     }
 }
 
-// What scanf's "%x" takes for a number, and what stdio takes for the end of a file.
+// A number is what scanf's "%x" accepts, the end of the file what stdio regards as one.
 TEST(Numbers, AsTheScannerReadsThem) {
     for (const char* text : {"  2 2 52 03 02 01 63", "0x2 0X2\t152\v+3\f-FE\r01\n0X63", "2 2 52 -0xFFFFFD 02+1G 63",
                              "2/2 2@ 0052: 3` 2G 1g7 63, x", "ZZ 2 - 2 +-2 52 FFFFFFFFFFFFFF03 02 1 63\n",
@@ -77,8 +77,8 @@ TEST(Numbers, AsTheScannerReadsThem) {
     // More than 64 bits are all ones whatever the sign; "0x" alone is 0.
     EXPECT_EQ(decode_hex("2 2 52 3 -10000000000000000 0x 63"),
               PRI + "RECEIVE\nCommand=1   SAPI=0x3f\nTEI=0x00\n    0x63  Unnumbered Acknowledgment\n\n");
-    // The end of the file is met when a read goes past the last character: a white space behind the last number, or a
-    // lone marker with one, keeps it from being met.
+    // The end of the file is met when a read goes past the last character. White space after the last number, or after
+    // a marker without a record, prevents that: then one more record is expected.
     EXPECT_EQ(decode_hex("2 2"), PRI);
     EXPECT_EQ(decode_hex("2 2\n", 1), PRI + ABORT);
     EXPECT_EQ(decode_hex("2 2 " + RECORD + "52"), PRI + FRAME);
@@ -88,7 +88,7 @@ TEST(Numbers, AsTheScannerReadsThem) {
     EXPECT_EQ(decode_hex("", 1), ABORT);
 }
 
-// The longest basic-rate record: framed, held back and given up like any other.
+// The longest basic-rate record: taken, read ahead and rejected like any other.
 TEST(LongestRecord, OfABasicRateTrace) {
     const std::string octets(251, 'A');
     const std::string hex = std::regex_replace(octets, std::regex("A"), " 41");
@@ -101,7 +101,7 @@ TEST(LongestRecord, OfABasicRateTrace) {
     EXPECT_TRUE(damaged.ends_with("41 41 41 01 \nRECEIVE (0)\n" + FRAME.substr(8)));
 }
 
-// A trace that starts then, with a time-stamp record of each tick count (little-endian hex), a frame behind the last.
+// The report of a trace with that start time, a time-stamp record for each tick count (little-endian hex), and a frame.
 std::string timed(const std::string& start, const std::string& resolution, std::initializer_list<const char*> ticks) {
     std::string body = "2 " + resolution + " ";
     for (const char* count : ticks) {
@@ -115,20 +115,20 @@ TEST(TimeStamps, AreLocalTimeCountedFromTheFirst) {
         return PRI + "ATRACE START TIME (MM/DD/YYYY) : " + start + "\n" +
                (later.empty() ? "" : "A\nTime Stamp : " + later + "\n") + FRAME;
     };
-    // 31 December 2003, 23:59:58.600; 10 ms a tick, 140 ticks over the end of the counter.
+    // 31 December 2003, 23:59:58.600; ticks of 10 ms. Within 140 ticks the counter wraps around.
     EXPECT_EQ(timed("FE 62 F3 3F 58 02", "2", {"F0 FF FF FF", "7C 0 0 0"}),
               report("12/31/2003, 23:59:58.600", "1/1/2004, 0:0:0.0"));
     EXPECT_EQ(timed("0 0 0 0 E7 3", "2", {"F0 FF FF FF"}), report("1/1/1970, 0:0:0.999", ""));
-    // Thirty days of 10 ms ticks; the most ticks of the longest duration.
+    // Thirty days of 10 ms ticks; the highest tick count at the highest resolution.
     EXPECT_EQ(timed("0 0 0 0 5 0", "2", {"0 0 0 0", "0 14 73 0F"}), report("1/1/1970, 0:0:0.5", "1/31/1970, 0:0:0.5"));
     EXPECT_NE(timed("0 0 0 0 0 0", "7FFFFFFF", {"0 0 0 0", "FF FF FF FF"}).find("Time Stamp : "), std::string::npos);
-    // A count below the first one's is earlier; a negative resolution counts back, and milliseconds below 0 stay.
+    // A count below the first one is earlier. A negative resolution counts backwards, and milliseconds below 0 stay.
     EXPECT_EQ(timed("2 0 0 0 F4 1", "2", {"10 0 0 0", "0 0 0 0"}),
               report("1/1/1970, 0:0:2.500", "1/1/1970, 0:0:2.340"));
     EXPECT_EQ(timed("2 0 0 0 0 0", "-1", {"0 0 0 0", "C9 0 0 0"}), report("1/1/1970, 0:0:2.0", "1/1/1970, 0:0:1.-5"));
     // Milliseconds beyond a second are carried once.
     EXPECT_EQ(timed("0 0 0 0 D0 07", "2", {"0 0 0 0"}), report("1/1/1970, 0:0:1.1000", ""));
-    // A transmitted frame has its time in its own column.
+    // The time of a transmitted frame has the indent too.
     EXPECT_TRUE(decode_hex("2 2 50 4 0 0 0 0 50 4 1 0 0 0 54 3 2 1 63")
                     .ends_with("\n\n" + INDENT + "Time Stamp : 1/1/1970, 0:0:0.10\n" + INDENT + "TRANSMIT\n" + INDENT +
                                "Response=1   SAPI=0x00\n" + INDENT + "TEI=0x00\n" + INDENT +

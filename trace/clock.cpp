@@ -19,8 +19,8 @@ namespace {
 constexpr std::int64_t TICKS_A_SECOND = 1000 / TICK_MS;  // at resolution 1
 
 // Elapsed time in units of 5 ms: ticks x resolution, which just fits into 64 bits. A count below that of the first
-// record has wrapped around: where that makes it up to 24.8 days early, as 32 bits of milliseconds can say, it is
-// early.
+// record wraps around to a large one. It is taken as a time before the first record if that is at most 24.8 days before
+// (31 bits of milliseconds).
 std::int64_t elapsed(std::uint32_t ticks) {
     const std::int64_t early = std::int64_t{Ticks_resolution} * static_cast<std::int32_t>(ticks);
     return std::abs(early) <= -EARLIEST_TICKS ? early : std::int64_t{Ticks_resolution} * std::int64_t{ticks};
@@ -81,7 +81,7 @@ void TraceClock::note(std::span<const std::uint8_t> time_stamp) {
 }
 
 std::optional<std::int64_t> TraceClock::elapsed_ms() const {
-    constexpr std::int64_t FAR_OFF = std::int64_t{1} << 56U;  // can be counted in milliseconds
+    constexpr std::int64_t FAR_OFF = std::int64_t{1} << 56U;  // still fits when counted in milliseconds
     if (!ticks_) {
         return std::nullopt;
     }

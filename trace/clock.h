@@ -15,12 +15,12 @@ struct TraceHeader {
 
 extern TraceHeader Timeb;
 
-// Reads the header of an open trace into `Timeb`, wherever the trace is read just now; bytes that it does not have are
-// zero, and so is all of a file that cannot be positioned. False when it cannot be read.
+// Reads the header of an open trace into `Timeb`, whatever the current position, which does not change. Missing bytes
+// are zero; in a file without positions (a pipe) all are missing. False on a read error.
 [[nodiscard]] bool read_header(int trace);
 
-// Takes the header, the next bytes of an open trace, which may be a pipe; bytes that it does not have are zero. False
-// when it cannot be read.
+// Takes the header from the current position of an open trace, which may be a pipe. Missing bytes are zero. False on a
+// read error.
 [[nodiscard]] bool take_header(int trace);
 
 // A moment of calendar time.
@@ -29,25 +29,26 @@ struct Moment {
     std::int64_t milliseconds;  // 0..999 in ordinary traces; a negative resolution or a damaged header gives others
 };
 
-// Elapsed time that a tick count of resolution 1 can say: up to 24.8 days before the first time-stamp record, and as
-// much after it as is left.
+// Limits of the elapsed time, in ticks of resolution 1: 24.8 days before the first time-stamp record, and the rest of
+// the 32-bit range after it.
 constexpr std::int64_t EARLIEST_TICKS = -(std::numeric_limits<std::int32_t>::max() / TICK_MS);
 constexpr std::int64_t LATEST_TICKS = std::numeric_limits<std::uint32_t>::max() + EARLIEST_TICKS;
 
-// The moment of a tick count, counted from the first time-stamp record, by `Timeb` and `Ticks_resolution`. Defined for
-// every value of the three.
+// The moment of a tick count, which counts from the first time-stamp record. Uses `Timeb` and `Ticks_resolution`;
+// defined for all values of the three.
 Moment moment_of(std::uint32_t ticks);
 
 // The time that a trace has reached, for a program that goes through its records.
 class TraceClock {
  public:
-    // Takes the data of a time-stamp record; those of less than a tick count say no time.
+    // Takes the data of a time-stamp record. Data too short for a tick count are ignored.
     void note(std::span<const std::uint8_t> time_stamp);
 
-    // Ticks since the first time-stamp record, modulo 2 to the 32nd; none before that.
+    // Ticks since the first time-stamp record, modulo 2^32; none before that record.
     [[nodiscard]] std::optional<std::uint32_t> ticks() const { return ticks_; }
 
-    // The same in milliseconds by `Ticks_resolution`, below 0 where the trace goes back; times far off are cut.
+    // The same in milliseconds, by `Ticks_resolution`; below 0 for a time before the first record. Very long times are
+    // cut to a limit.
     [[nodiscard]] std::optional<std::int64_t> elapsed_ms() const;
 
  private:

@@ -22,21 +22,21 @@ void TraceReader::reset(ReaderObserver* observer) {
     marker_found_ = false;
 }
 
-// Takes back the byte handed out last.
+// Takes back the last byte that was handed out.
 void TraceReader::ungetRingBuff() {
     DataBuffer.ReadPtr = prevRingPtr(DataBuffer.ReadPtr);
     ++DataBuffer.Count;
 }
 
-// Notes bytes that were stored from `WritePtr` on, not beyond the last slot.
+// Counts bytes that were stored from `WritePtr` on. They must not go past the last slot.
 void TraceReader::putRingBuff(std::size_t count) {
     const auto bytes = static_cast<std::int32_t>(count);
     DataBuffer.WritePtr = DataBuffer.WritePtr + bytes == RING_SIZE ? 0 : DataBuffer.WritePtr + bytes;
     DataBuffer.Count += bytes;
 }
 
-// Scans at least one number of the text into the ring and at the most `most`; of a number only the low 8 bits count.
-// False at the end of the text.
+// Scans one or more numbers of the text into the ring, at most `most`. Only the low 8 bits of a number count. False at
+// the end of the text.
 bool TraceReader::scan_ahead(std::int32_t most) {
     const auto slots = static_cast<std::size_t>(std::min(most, RING_SIZE - DataBuffer.WritePtr));
     std::uint8_t* const slot = DataBuffer.Data.data() + DataBuffer.WritePtr;
@@ -62,7 +62,7 @@ bool TraceReader::readHexNum(std::uint8_t& byte) {
     return true;
 }
 
-// Takes bytes up to and including the next record marker, and lists those before it, 27 to a line.
+// Takes bytes up to and including the next record marker. Lists those before it in the report, 27 on a line.
 bool TraceReader::findBlockStart() {
     constexpr std::int32_t LAST_COLUMN = 26;
     std::int32_t column = 0;
@@ -112,7 +112,7 @@ bool TraceReader::read_record_head(std::uint8_t& length) {
     return (BRItrace == 0 || readHexNum(line_byte)) && readHexNum(length);
 }
 
-// Finds, frames and checks the next record, and steps back to its marker. Not inlined: fetchChar() is called for every
+// Finds and checks the next record, and steps back to its marker. Not inlined, because fetchChar() is called for every
 // byte.
 [[gnu::noinline]] bool TraceReader::getBlock() {
     const std::int32_t header = BRItrace != 0 ? 3 : 2;
@@ -126,7 +126,7 @@ bool TraceReader::read_record_head(std::uint8_t& length) {
         BlockSize = length + header;
         const bool atEnd = !read_ahead(length + 1);
         if (DataBuffer.Count < length) {
-            return false;  // the last record may lack the byte after it, but none of its own
+            return false;  // in the last record, only the byte after it may be missing
         }
         marker_found_ = false;
         if (verifyBlock(atEnd)) {
@@ -135,7 +135,7 @@ bool TraceReader::read_record_head(std::uint8_t& length) {
             tell_of_record();
             return true;
         }
-        // No record after all: the scan goes on after the marker.
+        // This is no record: the search goes on after the marker.
         for (std::int32_t step = 1; step < header; ++step) {
             ungetRingBuff();
         }

@@ -11,25 +11,25 @@
 #include "trace/format.h"
 
 // The trace as a stream of bytes, record after record: marker, line byte (basic rate), length byte, data. A record is
-// handed out only when the byte after it is a record marker again, or the trace ends there; other bytes are listed in
-// the report as corrupt data and skipped. The stream does not stop at the end of a record.
+// handed out only when a record marker follows it, or the trace ends after it. Other bytes are listed in the report as
+// corrupt data and skipped. The stream does not stop at the end of a record: a decoder may read on into the next one.
 
 // Why a run ends early.
 enum class Abort {
     CUT,         // the trace ends within a record
     ENDED,       // octets were wanted after its last record
-    UNREADABLE,  // the system cannot read on
-    NO_RECORD,   // DASS2 and DPNSS: no record where one is due
+    UNREADABLE,  // a read failed
+    NO_RECORD,   // DASS2 and DPNSS: no record where one must begin
 };
 
-// The one way out of a run that cannot go on: thrown by abort_run() alone, caught once by each program.
+// The only way out of a run that cannot go on. Only abort_run() throws it; each program catches it in one place.
 struct RunAborted {
     Abort why;
 };
 
 [[noreturn, gnu::cold]] void abort_run(Abort why);
 
-// A record whole.
+// A whole record.
 struct Record {
     std::int32_t marker = 0;  // one of the four record markers
     std::int32_t line = 0;    // line byte, 0..255; 0 on primary rate
@@ -41,7 +41,7 @@ struct Record {
     }
 };
 
-// Somebody who is told what the reader finds while the decoders read.
+// Is told what the reader finds while the decoders read.
 class ReaderObserver {
  public:
     ReaderObserver() = default;
@@ -49,24 +49,24 @@ class ReaderObserver {
     ReaderObserver(const ReaderObserver&) = delete;
     ReaderObserver& operator=(const ReaderObserver&) = delete;
 
-    // A record has been found, and its marker is handed out next.
+    // A record has been found. Its marker is the next byte that is handed out.
     virtual void found(const Record& record) = 0;
 
     // Corrupt data are about to be listed in the report.
     virtual void found_corrupt_data() = 0;
 };
 
-// Reads the records of one trace after the other.
+// Reads the records of a trace; after reset(), those of another one.
 class TraceReader {
  public:
     explicit TraceReader(InputStream& stream) : stream_(stream) {}
 
-    // Forgets all bytes read ahead and the current record: the next byte is looked for in the text. From then on the
-    // observer is told; null for none.
+    // Forgets the current record and all bytes read ahead, so that the next record is searched in the text. From then
+    // on the observer is told what is found; null for none.
     void reset(ReaderObserver* observer = nullptr);
 
-    // The next byte of the current record, or the marker of the next one when that is used up. Without a further record
-    // the run is aborted, with "ERROR ABORT" in the report when the trace ends there.
+    // The next byte of the current record; after its last byte, the marker of the next record. If there is no further
+    // record, the run is aborted as abort_at_end() does.
     std::uint8_t fetchChar() {
         if (BlockSize == 0 && !getBlock()) {
             abort_at_end();
@@ -75,19 +75,20 @@ class TraceReader {
         return getRingBuff();
     }
 
-    // Takes the next record, framed as the decoders see it: what is unread of the current one is skipped, corrupt data
-    // before it are listed in the report. False when a read has met the end of the trace after the record before; a
-    // trace that ends within a record aborts the run.
+    // Takes the next record as the decoders would see it. Unread bytes of the current record are skipped; corrupt data
+    // before the next one are listed in the report. False when a read has met the end of the trace and no record is
+    // left. A trace that ends within a record aborts the run.
     bool next_record(Record& record);
 
     // Whether bytes of the current record have not been handed out yet.
     [[nodiscard]] bool within_record() const { return BlockSize != 0; }
 
-    // Aborts the run as a read does that meets the end of the trace.
+    // Aborts the run because no further byte can be read. If the reason is the end of the trace, and not a failed read,
+    // writes "ERROR ABORT" into the report.
     [[noreturn, gnu::cold]] void abort_at_end();
 
  private:
-    // The longest record, held whole from its marker, and the byte after it.
+    // Holds the longest record, from its marker on, and the byte after it.
     static constexpr std::int32_t RING_SIZE = LONGEST_RECORD + 1;
 
     // Bytes scanned from the text and not yet handed out. It never overflows: no more is read ahead than a record
@@ -95,7 +96,7 @@ class TraceReader {
     struct RingBuffer {
         std::array<std::uint8_t, RING_SIZE> Data;
         std::int32_t ReadPtr;   // next byte to hand out
-        std::int32_t WritePtr;  // where the next byte scanned goes
+        std::int32_t WritePtr;  // where the next scanned byte goes
         std::int32_t Count;     // bytes held
     };
 
@@ -129,19 +130,19 @@ class TraceReader {
     std::int32_t BlockStartPtr = 0;  // position of the current record's marker
 };
 
-// The trace, or the hex text made from a binary one; opened by each program. And what reads it.
+// The trace, or the hex text made from a binary trace, which each program opens; and the reader of its records.
 extern InputStream ifp;
 extern TraceReader trace_reader;
 
-// Takes the next byte into `value` (0..255) and lowers `msglen` by one. Aborts the run as fetchChar() does.
+// Reads the next byte into `value` (0..255) and lowers `msglen` by one. Aborts the run as fetchChar() does.
 void input();
 
-// Reads the next octet into `value`, then begins its line. The indent is written before any test on the octet; where
-// no text of its own follows, it stays on the line and the next text continues it.
+// Reads the next octet into `value`, then begins its line by writing the indent. This comes before any test of the
+// octet: if the octet then has no text of its own, the indent stays on the line and the next text continues that line.
 inline void octet() {
     input();
     output(flag);
 }
 
-// Takes the next byte into x (0..255); `msglen` is left alone. The end is input()'s.
+// Reads the next byte into x (0..255) and leaves `msglen` as it is. Aborts the run as fetchChar() does.
 void inputData(std::int32_t& x);

@@ -8,7 +8,7 @@
 //   octet 4b:  ext | symmetry 7..6 | information transfer rate, destination to origination 5..1
 //   octet 4.1: ext | rate multiplier 7..1 (DMS100, when the rate is multirate)
 //   then one group, chosen by bits 7..6 of its first octet: layer 1 (5 to 5d), layer 2 (6) or layer 3 (7)
-// The length is only ever compared with 0: a count below 0 passes.
+// The length left is only compared with 0: below 0 it counts like a length above 0.
 
 namespace {
 
@@ -120,7 +120,7 @@ void octet_5d() {
     field(6, 1, " Modem type\n");
 }
 
-// Octets 5b to 5d, governed by no extension bit and no length: octets beyond the element are read for them.
+// Octets 5b to 5d. Neither extension bits nor the length are tested, so octets after the element may be read for them.
 void rate_adaption(std::int32_t layer_1_protocol) {
     if (layer_1_protocol == V110) {
         octet_5b_v110();
@@ -169,7 +169,7 @@ void layer_octet() {
     }
 }
 
-// Octet 5 in VN3's own spelling; any other layer octet is read without a line, and its indent stays.
+// Octet 5 with the texts of VN3. Any other layer octet is read without a line, and its indent stays.
 void vn3_layer_octet() {
     octet();
     if ((value & 0x60) != 0x20) {
@@ -187,7 +187,7 @@ void octets_4a_to_7() {
             octet_4b();
         }
     }
-    // The rate stands in the octet last read, which may be 4a or 4b.
+    // The rate is taken from the last octet read, which may be 4a or 4b.
     if (variant_is(PRI_DMS100) && ielength != 0 && (value & 0x1F) == MULTIRATE) {
         octet_4_1();
     }

@@ -3,15 +3,16 @@
 
 namespace {
 
-// Three layouts: Q.931's; the same with class and value shown apart; 1TR6's, which has cause value and location in each
-// other's octet. Without a variant no field is shown.
+// There are three layouts: that of Q.931; the same with class and value on separate lines; that of 1TR6, with the cause
+// value in octet 3 and the location in octet 4. Without a variant no field is shown.
 bool cause_as_q931() {
     return variant_is(PRI_4ESS, PRI_NTT, PRI_TPH1856, PRI_NET5, PRI_NI2, BRI_5ESS, BRI_NTT, BRI_NET3, BRI_NI1, BRI_NI2);
 }
 
 bool cause_by_class() { return variant_is(PRI_DMS100, PRI_VN3, BRI_DMS100); }
 
-// Octet 3. Where bit 8 has no line (at 0 by class and in 1TR6, always without a variant), the indent stays on the line.
+// Octet 3. By class and in 1TR6, bit 8 has a line only when it is 1; without a variant it never has one. Where it has
+// none, the indent stays on the line.
 void cause_octet_3() {
     octet();
     if (cause_as_q931()) {
@@ -63,7 +64,7 @@ void cause_octet_4() {
 //   octet 3:  ext | coding standard 7..6 | spare 5 | location 4..1
 //   octet 3a: ext | recommendation 7..1 (NTT on primary rate and NET5)
 //   octet 4:  ext | cause value 7..1
-//   then diagnostics, tagged from 5 on
+//   then diagnostics, numbered from 5
 void fun_cause() {
     title("CAUSE");
     length_line();

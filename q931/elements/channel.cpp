@@ -18,7 +18,7 @@ void channel_octets(bool interface_present) {
             interface_identifier();
         } while (ielength > 0 && extension_follows());
     }
-    if (ielength != 0) {  // below 0 too
+    if (ielength != 0) {  // also below 0
         octet();
         text("3.2:  1------- Extension Bit\n");
         field(7, 6, " Coding Standard\n");
@@ -26,7 +26,7 @@ void channel_octets(bool interface_present) {
         field(4, 1, " Channel/Map Element\n");
         count_down(ielength);
     }
-    if (ielength != 0) {  // below 0 too: one octet is read then
+    if (ielength != 0) {  // also below 0: then one octet is read
         do {
             octet();
             extension_bit("  4:  1------- Extension Bit\n", "  4:  0------- Extension Bit\n");
@@ -46,7 +46,7 @@ void ccitt_channel_octets() {
         field(4, 1, " Channel type: B-Channel\n");
         count_down(ielength);
     }
-    if (ielength != 0) {  // below 0 too: one octet is read then
+    if (ielength != 0) {  // also below 0: then one octet is read
         do {
             octet();
             extension_bit("  5:  1------- Extension Bit\n", "  5:  0------- Extension Bit\n");
@@ -61,7 +61,7 @@ void ccitt_channel_octets() {
 // Channel identification (Q.931 section 4.5.13), identifier 0x18
 //   octet 3:   ext | interface identifier present 7 | interface type 6 | spare 5 | preferred/exclusive 4 |
 //              D-channel indicator 3 | information channel selection 2..1
-//   octet 3.1: ext | interface identifier 7..1, on to further octets while ext is 0
+//   octet 3.1: ext | interface identifier 7..1, repeated while ext is 0
 //   octet 3.2: ext | coding standard 7..6 | number/map 5 | channel type or map element type 4..1
 //   octet 3.3: ext | channel number or slot map 7..1
 void channel_identification() {
@@ -101,9 +101,9 @@ void BlockChanId() {
     if (ielength != 0 && (value & 0x40) == 0) {
         do {
             interface_identifier();
-        } while (extension_follows());  // whatever is left of the length
+        } while (extension_follows());  // whatever length is left
     }
-    if (ielength != 0) {  // below 0 too
+    if (ielength != 0) {  // also below 0
         octet();
         text("3.2:  1------- Extension Bit\n");
         field(7, 6, " Coding Standard\n");

@@ -6,7 +6,7 @@ namespace {
 constexpr std::int32_t V110 = 0x01;
 constexpr std::int32_t V120 = 0x08;
 
-// Low layer compatibility, octets 3 to 7: governed by the extension bits, the same under every variant.
+// Low layer compatibility, octets 3 to 7. The extension bits decide which are read, in the same way for all variants.
 
 void llc_octet_3() {
     octet();
@@ -70,7 +70,7 @@ void llc_octet_5b_v110() {
 
 void llc_octet_5b_v120() {
     octet();
-    text(" 5d:  1------- Extension Bit\n");  // the tag is 5d's
+    text(" 5d:  1------- Extension Bit\n");  // with the tag of octet 5d
     field(7, 7, " Header/No Header\n");
     field(6, 6, " Multiple Frame Supp.\n");
     field(5, 5, " Mode of Operation\n");
@@ -122,7 +122,7 @@ void llc_layer_1_group() {
     }
 }
 
-// Octets 6 and 6a under the tags 5 and 5a; 6a is read whatever octet 6 says.
+// Octets 6 and 6a, with the tags 5 and 5a; 6a is always read.
 void llc_layer_2_group() {
     line("  5:  1------- Extension Bit\n");
     line("      -10----- Layer 2 Indent\n");
@@ -132,7 +132,7 @@ void llc_layer_2_group() {
     field(7, 1, " Layer 2 Protocol Info\n");
 }
 
-// Octets 7 and 7a, likewise.
+// Octets 7 and 7a, in the same way.
 void llc_layer_3_group() {
     line("  5:  1------- Extension Bit\n");
     line("      -11----- Layer 3 Indent\n");
@@ -142,8 +142,8 @@ void llc_layer_3_group() {
     field(7, 1, " Layer 3 Protocol Info\n");
 }
 
-// Only one group is decoded. The octet's indent is the group's: other than in the bearer capability, an octet that
-// begins no group leaves none behind.
+// Only one group is decoded. The group writes the indent of this octet; so an octet that begins no group leaves no
+// indent on the line, unlike in the bearer capability.
 void llc_layer_octet() {
     input();
     switch (value & 0x60) {
@@ -178,7 +178,7 @@ void hlc_teleservice() {
 //   octet 3:  ext | coding standard 7..6 | information transfer capability 5..1
 //   octet 3a: ext | negotiation indicator 7 | spare 6..1
 //   octet 4 on: the octets of the bearer capability with other labels, and other rules: 5b to 5d by extension bit
-//   under every variant, a second octet behind 6 and 7, no octet 4.1
+//   in every variant, a second octet after 6 and 7, no octet 4.1
 void low_layer_compat() {
     title("LOW LAYER COMP.");
     length_line();

@@ -2,10 +2,12 @@
 
 // The decoders of the variable-length elements (Q.931 section 4.5), by family.
 //
-// Each is called with the identifier in `value`, the indent of the title line written and the length octet unread. It
-// trusts length and extension bits and never looks at `msglen`: what it leaves unread of its element is taken as the
-// next identifier, and what it reads beyond its element comes out of the octets that follow, if need be out of the
-// next record. Octets are numbered as in Q.931: bit 8 is the extension bit, 3a follows 3 when that is 0.
+// When a decoder is called, the identifier is in `value`, the indent of the title line is written, and the length octet
+// is unread. It trusts length and extension bits, and never looks at `msglen`:
+// - If it leaves octets of its element unread, the next one is taken as an identifier.
+// - If it reads more than its element, it reads the octets that follow, if necessary those of the next record.
+//
+// Octets are numbered as in Q.931. Bit 8 is the extension bit: octet 3a follows octet 3 when it is 0.
 
 void bearer_capability();  // 0x04
 

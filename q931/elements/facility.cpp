@@ -46,7 +46,7 @@ void network_identification(std::int32_t count) {
     }
 }
 
-// AT&T network services, by bits 5..1 of octet 4. A code without a name ends the line behind its pattern.
+// AT&T network services, by bits 5..1 of octet 4. For a code without a name, the line ends after the pattern.
 std::string_view att_service(std::int32_t code) {
     switch (code) {
         case 1: return " SDN(including GSDN)\n";
@@ -59,9 +59,9 @@ std::string_view att_service(std::int32_t code) {
     }
 }
 
-// AT&T, octet 4 (no indent on reading: one indent only): parameterized/binary 8 | expansion 7 | feature (0) or service
-// (1) 6 | coding value 5..1
+// AT&T, octet 4:    parameterized/binary 8 | expansion 7 | feature (0) or service (1) 6 | coding value 5..1
 //       octet 5 on: spare 8 | parameterized field 7..1
+// Octet 4 is read without an indent, so its first line has only one.
 void att_facility() {
     input();
     field(8, 8, " Parameterized/Binary\n");
@@ -69,7 +69,7 @@ void att_facility() {
     field(6, 6, " Feature/Service\n");
     field(5, 1, (value & 0x20) != 0 ? att_service(value & 0x1F) : " Fac. Coding Value\n");
     count_down(ielength);
-    while (ielength > 0) {  // an element already overread has none
+    while (ielength > 0) {  // below 0 there is none
         octet();
         text("  5:  0------- Spare\n");
         field(7, 1, " Parameterized Field\n");
@@ -78,7 +78,7 @@ void att_facility() {
 }
 
 // DMS100, octet 4:  ext | expansion 7 | service/feature 6 | binary facility coding 5..1
-//         octet 4*: ext | service identifier 7..1, three at most; a length below 0 does not end them
+//         octet 4*: ext | service identifier 7..1, at most three; also read when the length is below 0
 void dms100_facility() {
     octet();
     extension_bit(" 4:  1------- Extension Bit\n", " 4:  0------- Extension Bit\n");
@@ -109,7 +109,7 @@ void f1tr6_facility() {
     octet();
     field(8, 1, " Service\n");
     count_down(ielength);
-    if (ielength != 0) {  // below 0 too
+    if (ielength != 0) {  // also below 0
         octet();
         field(8, 1, " Additional Info.\n");
         count_down(ielength);
@@ -120,8 +120,8 @@ void f1tr6_facility() {
 }  // namespace
 
 // Network-specific facilities (Q.931 section 4.5.21), identifier 0x20; national facilities in VN3
-//   octet 3: length of network identification, then that many octets; then the facility in the network's own layout
-//   VN3 and 1TR6 show the length and have no network identification; NTT on basic rate stops behind it
+//   octet 3: length of network identification; then so many octets; then the facility in the layout of the network
+// VN3 and 1TR6 show the length and have no network identification. NTT on basic rate ends after it.
 void network_specific_fac() {
     title(variant_is(PRI_VN3) ? "NATIONAL FAC." : "NETWORK SPEC. FAC.");
     length_line();
@@ -161,7 +161,7 @@ void AdviceOfCharge() {
     line("      -000---- Reserved\n");
     field(3, 1, " Indication Type\n");
     count_down(ielength);
-    while (ielength > 0) {  // an element already overread has none
+    while (ielength > 0) {  // below 0 there is none
         input();
         field(8, 1, " Charging data\n");
         count_down(ielength);
@@ -169,7 +169,7 @@ void AdviceOfCharge() {
 }
 
 // User-to-user facility, identifier 0x7A
-//   octet 3: user protocol discriminator (a line of two indents); then diagnostics, tagged from 5 on
+//   octet 3: user protocol discriminator (its line has two indents); then diagnostics, numbered from 5
 void user_to_user_facility() {
     title("USER-TO-USER FAC.");
     length_line();

@@ -7,14 +7,14 @@
 //   octet 3b: ext | spare 7..5 | reason for redirection 4..1
 //   octet 3c: ext | CFNR indicator 7 | spare 6..4 | redirection counter 3..1
 //   octet 4 on: the digits
-// Which of 3a to 3c are looked for differs by element, and in two of them by variant; whether one that is looked for is
-// read is up to the extension bit before it, never to the length.
+// Which of octets 3a to 3c are possible depends on the element, and for two elements on the variant. A possible octet
+// is read when the extension bit before it says so, whatever the length.
 
 // Calling party number, identifier 0x6C
 void calling_party_num() {
     if (variant_is(PRI_1TR6)) {
         title("ORIGINATION ADDRESS");
-    } else if (!variant_is(NO_VARIANT)) {  // without a title the length line continues its indent
+    } else if (!variant_is(NO_VARIANT)) {  // without a title, the length line continues the indent of the title
         title("CALLING PARTY NUM");
     }
     length_line();
@@ -46,7 +46,7 @@ void calling_party_num() {
 void called_party_num() {
     if (variant_is(PRI_1TR6)) {
         title("DESTINATION ADDRESS");
-    } else if (!variant_is(NO_VARIANT)) {  // without a title the length line continues its indent
+    } else if (!variant_is(NO_VARIANT)) {  // without a title, the length line continues the indent of the title
         title("CALLED PARTY NUM");
     }
     length_line();
@@ -58,7 +58,7 @@ void called_party_num() {
     character_line("  Number Digit(s)\n");
 }
 
-// Connected number, identifier 0x0C: octet 3a in DMS100 only, digits numbered from 4 whether or not it was there
+// Connected number, identifier 0x0C: octet 3a in DMS100 only; the digits are always numbered from 4
 void connected_number() {
     title("CONNECTED NUMBER");
     length_line();

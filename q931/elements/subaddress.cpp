@@ -1,7 +1,7 @@
 #include "q931/element_lines.h"
 #include "q931/elements/elements.h"
 
-// Party subaddresses (Q.931 sections 4.5.9 and 4.5.11). The two elements do not share their lists of variants.
+// Party subaddresses (Q.931 sections 4.5.9 and 4.5.11). The two elements test for different lists of variants.
 //   octet 3: ext | type of subaddress 7..5 | odd/even indicator 4 | spare 3..1
 //   octet 4 on: subaddress information
 
@@ -25,7 +25,7 @@ void called_party_subaddress() {
 
 namespace {
 
-// Extension line of octet 3, whose indent is written. Where there is none, the indent stays on the line.
+// Extension line of octet 3. Its indent is already written; if there is no such line, the indent stays.
 void calling_extension_line() {
     if (variant_is(PRI_4ESS, PRI_NTT, PRI_NET5, PRI_NI2, BRI_5ESS, BRI_DMS100, BRI_NI2)) {
         extension_bit("  3:  1------- Extension Bit\n", "  3:  0------- Extension Bit\n");
@@ -34,8 +34,7 @@ void calling_extension_line() {
     }
 }
 
-// One information octet, whose indent is written. DMS100 on primary rate, 1TR6 and no variant at all
-// show nothing but that.
+// One information octet. Its indent is already written; DMS100 on primary rate, 1TR6 and no variant show nothing more.
 void calling_information() {
     if (variant_is(PRI_4ESS, PRI_NTT, PRI_TPH1856, PRI_NET5, PRI_NI2, BRI_5ESS, BRI_DMS100, BRI_NTT, BRI_NET3, BRI_NI1,
                    BRI_NI2)) {

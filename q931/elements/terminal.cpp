@@ -110,7 +110,7 @@ void end_pointID() {
     field(5, 1, " Terminal ID\n");
 }
 
-// Call appearance, identifier 0x7B; octet 4 on the length alone, whatever the extension bit of octet 3 says
+// Call appearance, identifier 0x7B; octet 4 by the length alone, whatever the extension bit of octet 3
 void call_appearance_ie() {
     title("CALL APPEARANCE");
     length_line();

@@ -1,4 +1,5 @@
-# The table (table.awk) of what tshark shows of a capture: a line a frame, a column a field, their names in the first line.
+# The table (table.awk) of what tshark shows of a capture. The input has one line for each frame, one column for each
+# field, and the names of the fields in the first line.
 
 BEGIN {
     FS = "\t"

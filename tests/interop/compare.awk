@@ -1,6 +1,6 @@
-# Compares two tables (table.awk): the known differences, the table of the reports, the table of the captures are its
-# input, in this order. Lists items that differ and are not known, and known ones that do not differ; without any, tells
-# how much is the same.
+# Compares two tables (table.awk). The input is, in this order, the known differences, the table of the reports and the
+# table of the captures. Lists items that differ and are not known, and known ones that do not differ. If there are
+# none, prints how much is the same.
 
 function complain(text) {
     print text
@@ -13,7 +13,7 @@ function expect(trace, list_of_frames, list_of_items,   frame, item, i, j) {
     for (i in frame) for (j in item) expected[trace "\t" frame[i] "\t" item[j]] = 1
 }
 
-# What is known of an item, whether the trace is hex or binary.
+# The name of an item among the known differences, the same for a hex and a binary trace.
 function name_of(trace, frame, item) {
     sub(/\.[a-z]+$/, "", trace)
     return trace "\t" frame "\t" item
@@ -32,7 +32,7 @@ function compare_row(row,   part, item, where, same) {
     met[item] = 1
 }
 
-# A known difference of no trace that there is. Traces outside of the project need not be there.
+# Complains about a known difference that no trace has. Traces outside of the project need not be there.
 function compare_known(item) {
     if (!(item in met) && (item !~ /^\.\./ || outside)) complain(item ": is known, but not there")
 }

@@ -1,5 +1,5 @@
-# The table of a report (table.awk). The variable `header` holds the three numbers of two octets that a trace begins with;
-# frames before the first time stamp have the time that they say.
+# The table of a report (table.awk). The variable `header` holds the first three numbers of a trace, of two octets each.
+# They are the time of the frames before the first time stamp.
 
 BEGIN {
     frame = 0

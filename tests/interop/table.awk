@@ -1,6 +1,6 @@
-# What makes the table of a trace: a line for each item of each frame, of trace, frame, item and value, with tabs between
-# them. An item that a frame does not have has no line; one that it has several times has its values in a row. Frame 0 is
-# the trace as a whole. The variables `trace` and `frame` say where the items belong.
+# What makes the table of a trace: one line for each item of each frame, with trace, frame, item and value, and tabs
+# between them. An item that a frame does not have has no line. An item that it has several times has all its values in
+# one line. Frame 0 is the trace as a whole. The variables `trace` and `frame` say where the items belong.
 
 BEGIN { delete row }
 
@@ -29,7 +29,7 @@ function number(digits, base,   result, i) {
     return result
 }
 
-# A time since 1970 as reports write it.
+# A time since 1970 in the form of a report.
 function time_of(seconds, milliseconds,   part) {
     split(strftime("%m %d %Y %H %M %S", seconds), part, " ")
     return sprintf("%d/%d/%d, %d:%d:%d.%d", part[1], part[2], part[3], part[4], part[5], part[6], milliseconds)

@@ -1,4 +1,4 @@
-#include "calls/message.h"
+#include "calls/read_message.h"
 
 #include <iterator>
 
@@ -91,7 +91,7 @@ Message read_message(const Frame& frame) {
     message.at = frame.at;
     Octets octets(frame.octets);
     if (is_dpnss(frame.variant)) {
-        read_dpnss_frame(message, frame, octets);
+        read_dpnss_frame(message, frame.variant, octets);
     } else {
         read_q921_frame(message, frame, octets);
     }
