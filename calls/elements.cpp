@@ -38,14 +38,11 @@ void add_channel(std::string& channels, unsigned number) {
     channels += std::to_string(number);
 }
 
-// Channel numbers, up to the one with bit 8 at 1.
+// Channel numbers; bit 8 is 1 in the last.
 std::string channel_numbers(Contents octets) {
     std::string channels;
     for (const std::uint8_t octet : octets) {
         add_channel(channels, octet & 0x7FU);
-        if (!extended(octet)) {
-            break;
-        }
     }
     return channels;
 }
