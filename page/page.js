@@ -35,11 +35,6 @@
         return Object.fromEntries(columns.map((column, i) => [column, values[i] ?? NONE]));
     }
 
-    function readCalls(text) {
-        const [columns, ...lines] = text.trim().split('\n');
-        return lines.map(line => record(columns.split('\t'), line));
-    }
-
     // Frames: a line that begins with a tab holds a frame's values, the lines after it are those of the report.
     const frameText = element('frame-data').textContent;
     const frameColumns = frameText.slice(0, frameText.indexOf('\n')).split('\t');
@@ -66,7 +61,9 @@
         return unescaped(frameText.slice(begin, (frameStarts[number + 1] ?? frameText.length + 1) - 2));
     }
 
-    const calls = readCalls(element('call-data').textContent);
+    const [callHead, ...callLines] = element('call-data').textContent.trim().split('\n');
+    const callColumns = callHead.split('\t');
+    const calls = callLines.map(line => record(callColumns, line));
     const callOf = new Map(calls.map(call => [call.no, call]));
     findFrames();
 
@@ -97,9 +94,8 @@
     const table = element('calls'), filter = element('filter'), cause = element('cause');
     const collator = new Intl.Collator('en', { numeric: true });
     const order = { column: 'no', sign: 1 };
-    const always = ['no', 'result', 'cause'];
-    const columns = Object.keys(calls[0] ?? { no: '' })
-        .filter(column => always.includes(column) || calls.some(call => call[column] !== NONE));
+    const columns = callColumns.filter(column =>
+        ['no', 'result', 'cause'].includes(column) || calls.some(call => call[column] !== NONE));
     let listed = calls;
 
     // What a call does not tell comes last, whichever way the list is sorted.
