@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -26,11 +25,10 @@ namespace {
 const char* trace_of(std::uint8_t kind, const std::uint8_t* body, std::size_t size) {
     static const int descriptor = ::memfd_create("trace", MFD_CLOEXEC);
     static const std::string name = "/proc/self/fd/" + std::to_string(descriptor);
-    std::array<char, TRACE_HEADER_SIZE> header;
-    header.fill(static_cast<char>(kind));
+    std::string trace(TRACE_HEADER_SIZE, static_cast<char>(kind));
+    trace.append(body, body + size);
     const bool written = ::ftruncate(descriptor, 0) == 0 && ::lseek(descriptor, 0, SEEK_SET) == 0 &&
-                         write_all(descriptor, header.data(), header.size()) &&
-                         write_all(descriptor, reinterpret_cast<const char*>(body), size);
+                         write_all(descriptor, trace.data(), trace.size());
     if (!written) {
         std::abort();
     }

@@ -23,6 +23,7 @@ macro(package component name description)
 endmacro()
 
 package(quandrix quandrix description.txt)
+set(CPACK_DEBIAN_QUANDRIX_PACKAGE_RECOMMENDS "bsdextrautils, miller")
 if(QUANDRIX_CAPTURES)
   package(captures quandrix-captures captures.txt)
   set(CPACK_DEBIAN_CAPTURES_PACKAGE_RECOMMENDS quandrix)
