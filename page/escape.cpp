@@ -10,35 +10,33 @@ namespace {
 
 constexpr std::string_view INDENT = "                                       ";
 
-// The bytes that stand for themselves in data.
+// The bytes that stand for themselves.
 using ByteSet = std::array<bool, 256>;
 
-constexpr ByteSet plain_bytes() {
+// Printable ASCII without '<' and '\', and one byte more.
+constexpr ByteSet plain_bytes_and(char other) {
     ByteSet plain{};
     for (char byte = ' '; byte <= '~'; ++byte) {
         plain[static_cast<std::uint8_t>(byte)] = byte != '<' && byte != '\\';
     }
+    plain[static_cast<std::uint8_t>(other)] = true;
     return plain;
 }
 
-constexpr ByteSet PLAIN = plain_bytes();
+constexpr ByteSet PLAIN_IN_LINES = plain_bytes_and('\n');
+constexpr ByteSet PLAIN_IN_VALUES = plain_bytes_and('\t');
 
-std::size_t count_plain(std::string_view bytes) {
-    const auto is_plain = [](char byte) { return PLAIN[static_cast<std::uint8_t>(byte)]; };
-    return static_cast<std::size_t>(std::ranges::find_if_not(bytes, is_plain) - bytes.begin());
-}
-
-// Appends what can stand as it is at the beginning of a text, the `end` after it too, or else an escaped byte. Gives
-// how many bytes that are.
-std::size_t append_piece(std::string& data, std::string_view bytes, char end) {
-    std::size_t size = count_plain(bytes);
-    size += size < bytes.size() && bytes[size] == end ? 1 : 0;
-    if (size != 0) {
-        data.append(bytes.substr(0, size));
-        return size;
+void append_escaped(std::string& data, std::string_view bytes, const ByteSet& plain) {
+    const auto is_plain = [&](char byte) { return plain[static_cast<std::uint8_t>(byte)]; };
+    for (;;) {
+        const auto* const end = std::ranges::find_if_not(bytes, is_plain);
+        data.append(bytes.begin(), end);
+        if (end == bytes.end()) {
+            return;
+        }
+        data.append("\\").append(hex_pair(static_cast<std::uint8_t>(*end)), 2);
+        bytes.remove_prefix(static_cast<std::size_t>(end - bytes.begin()) + 1);
     }
-    data.append("\\").append(hex_pair(static_cast<std::uint8_t>(bytes.front())), 2);
-    return 1;
 }
 
 std::string_view entity(char byte) {
@@ -56,20 +54,17 @@ std::string_view entity(char byte) {
 
 void append_data(std::string& data, std::string_view bytes) {
     while (!bytes.empty()) {
-        if (bytes.starts_with(INDENT)) {
+        for (; bytes.starts_with(INDENT); bytes.remove_prefix(INDENT.size())) {
             data += "\\>";
-            bytes.remove_prefix(INDENT.size());
-        } else {
-            bytes.remove_prefix(append_piece(data, bytes, '\n'));
         }
+        const std::size_t line_end = bytes.find('\n');
+        const std::string_view line = bytes.substr(0, line_end == std::string_view::npos ? line_end : line_end + 1);
+        append_escaped(data, line, PLAIN_IN_LINES);
+        bytes.remove_prefix(line.size());
     }
 }
 
-void append_values(std::string& data, std::string_view values) {
-    while (!values.empty()) {
-        values.remove_prefix(append_piece(data, values, '\t'));
-    }
-}
+void append_values(std::string& data, std::string_view values) { append_escaped(data, values, PLAIN_IN_VALUES); }
 
 std::string html_text(std::string_view bytes) {
     std::string text;
