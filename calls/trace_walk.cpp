@@ -57,6 +57,7 @@ void TraceWalk::start_pass() {
     pass_.out_of_step = false;
     text_.clear();
     frame_from_ = 0;
+    frame_at_ = line();
     started_within_ = !report_ended_ && trace_reader.within_record();
 }
 
@@ -100,12 +101,11 @@ void TraceWalk::found(const Record& record) {
     if (record.marker == TIME_STAMP_MARKER) {
         clock_.note(record.octets());
     }
-    const bool first = pass_.records.empty();
-    if (first && !started_within_) {
+    if (pass_.records.empty() && !started_within_) {
         frame_from_ = text_.size();
+        frame_at_ = line();
     }
-    const std::uint64_t at = report_ended_ ? 0 : first ? line() : pass_.records.front().at;
-    pass_.records.push_back({.record = record, .elapsed = clock_.elapsed_ms(), .at = at});
+    pass_.records.push_back({.record = record, .elapsed = clock_.elapsed_ms(), .at = report_ended_ ? 0 : frame_at_});
 }
 
 // The reader's words follow an empty line.

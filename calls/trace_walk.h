@@ -14,7 +14,7 @@
 struct FoundRecord {
     Record record;
     std::optional<std::int64_t> elapsed;  // milliseconds from the first time-stamp record to the last one so far
-    std::uint64_t at = 0;                 // report line where its frame begins; 0: after the end of the report
+    std::uint64_t at = 0;                 // report line where its pass begins its frame; 0: after the end of the report
 };
 
 // What one pass of the decoder met and wrote.
@@ -72,6 +72,7 @@ class TraceWalk : private ReaderObserver, private OutputSink {
     std::uint64_t lines_ = 0;     // ended in the report so far
     std::string text_;            // of the pass
     std::size_t frame_from_ = 0;  // where in it the lines of the frame begin
+    std::uint64_t frame_at_ = 0;  // the report's line there
     bool started_within_ = false;
     bool report_ended_ = false;  // the decoder has ended its run: records alone are read
     bool ended_ = false;
