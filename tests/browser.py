@@ -111,6 +111,7 @@ requestAnimationFrame(() => requestAnimationFrame(shown));
 def print_times(page, call):
     with tempfile.TemporaryDirectory() as folder:
         browser = start_browser(folder)
+        browser.get("about:blank")
         start = time.monotonic()
         browser.get(f"file://{os.path.abspath(page)}")
         assert browser.find_elements(By.CSS_SELECTOR, "html[data-ready]")
