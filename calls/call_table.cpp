@@ -18,9 +18,8 @@ bool opens(const Message& message) { return message.step == Step::SETUP || messa
 // Whether it may come after the end of its call.
 bool may_follow_end(Step step) { return is_clearing(step) || step == Step::STATUS || step == Step::STATUS_ENQUIRY; }
 
-// Whether the side that gave the call reference is the network, on a basic-rate line: then several terminals may
-// respond.
-bool called_by_network(const Message& message) { return message.line && message.by_sender == message.from_network; }
+// Whether the side that gave the call reference is the network: then several terminals may respond.
+bool called_by_network(const Message& message) { return message.tei && message.by_sender == message.from_network; }
 
 // What calls to all terminals are known by: line, reference, and the side that gave it. DASS2 and DPNSS: the timeslot.
 std::string call_key(const Message& message) {

@@ -1,5 +1,7 @@
 #include "calls/damage.h"
 
+#include "io/diagnostics.h"
+
 void DamageCount::note(const Message& message) {
     cut_message_ = cut_message_ || message.damaged;
     empty_reference_ = empty_reference_ || (message.is_message && message.reference.empty());
@@ -26,4 +28,17 @@ std::uint64_t DamageCount::note(const Pass& pass) {
 std::string DamageCount::text() const {
     return std::to_string(places_) + (places_ == 1 ? " damaged place, at" : " damaged places, first at") +
            " report line " + std::to_string(first_at_);
+}
+
+bool tell_damage(const std::string& trace, const TraceWalk& walk, const DamageCount& damage) {
+    if (damage.places() != 0) {
+        say(trace + ": " + damage.text() + "; calls may be missing");
+    }
+    if (walk.end() == TraceWalk::End::CUT) {
+        say(trace + ": the trace ends within a record, at report line " + std::to_string(walk.line()) +
+            "; calls may be missing");
+    } else if (walk.end() == TraceWalk::End::UNREADABLE) {
+        say(trace + ": could not read all of it");
+    }
+    return walk.end() == TraceWalk::End::WHOLE;
 }

@@ -29,3 +29,7 @@ class DamageCount {
     bool cut_message_ = false;      // of the pass at hand
     bool empty_reference_ = false;  // what the decoder is out of step for
 };
+
+// Says on standard error where a trace that was gone through is damaged, and when it ends early. False when it was not
+// read to its end.
+bool tell_damage(const std::string& trace, const TraceWalk& walk, const DamageCount& damage);

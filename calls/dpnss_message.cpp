@@ -101,6 +101,7 @@ void read_dpnss_frame(Message& message, Variant variant, Octets& octets) {
         message.name = "Incomplete Frame";
         return;
     }
+    message.reference = timeslot_text(timeslot);
     const bool received = !message.transmitted;
     message.name = frame_name(control, variant == PRI_DPNSS_A ? received : bit == received);
     if ((control & 0xEF) != 0x03 || octets.empty()) {
@@ -110,7 +111,6 @@ void read_dpnss_frame(Message& message, Variant variant, Octets& octets) {
     const std::uint8_t octet = octets.next();
     const MessageType& type = message_type(octet, dass2, message.transmitted);
     message.is_message = true;
-    message.reference = timeslot_text(timeslot);
     message.send_number = static_cast<std::uint8_t>((control >> 4U) & 1U);
     message.content = content;
     message.of_call = type.name.find("Maintenance") == std::string_view::npos;

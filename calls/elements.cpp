@@ -70,7 +70,6 @@ std::string mapped_channels(Contents map) {
 //   octet 3.2: ext | coding standard 7..6 | map 5 | type 4..1
 //   octet 3.3: ext | channel number 7..1, on to further octets; or a slot map
 void read_channel(Message& message, Contents contents) {
-    message.channel.clear();
     message.interface.clear();
     Octets octets(contents);
     const std::uint8_t octet_3 = octets.next();

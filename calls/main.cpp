@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <csignal>
 #include <cstdlib>
 #include <string>
@@ -12,6 +11,7 @@
 #include <system_error>
 #include <vector>
 
+#include "calls/call_option.h"
 #include "calls/call_table.h"
 #include "calls/columns.h"
 #include "calls/damage.h"
@@ -49,21 +49,11 @@ struct CommandLine {
     [[nodiscard]] bool wants_frames() const { return !calls.empty() && !messages; }
 };
 
-std::string add_call(std::string_view text, std::vector<std::uint32_t>& calls) {
-    std::uint32_t no = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), no);
-    if (error != std::errc() || end != text.data() + text.size() || no == 0) {
-        return "no number of a call: " + std::string(text);
-    }
-    calls.push_back(no);
-    return {};
-}
-
 CommandLine read_command_line(int argc, char** argv) {
     CommandLine command;
     command.traces = read_options(argc, argv, USAGE, [&](char letter, const char* value) -> std::string {
         if (letter == 'c') {
-            return add_call(value, command.calls);
+            return add_call_number(value, command.calls);
         }
         command.hex_traces = command.hex_traces || letter == 'd';
         command.messages = command.messages || letter == 'm';
@@ -103,7 +93,7 @@ class Listing {
         if (command_.calls.empty() && !command_.messages) {
             print_calls();
         }
-        return tell_damage() && tell_missing_calls();
+        return tell_damage(trace_, walk_, damage_) && tell_missing_calls();
     }
 
  private:
@@ -131,20 +121,6 @@ class Listing {
         for (std::uint32_t no = 1; no <= calls_.size(); ++no) {
             print_line(call_row(calls_.call(no), walk_.start(), trace_));
         }
-    }
-
-    // False when the trace was not read to its end.
-    bool tell_damage() {
-        if (damage_.places() != 0) {
-            say(trace_ + (": " + damage_.text() + "; calls may be missing"));
-        }
-        if (walk_.end() == TraceWalk::End::CUT) {
-            say(trace_ + (": the trace ends within a record, at report line " + std::to_string(walk_.line()) +
-                          "; calls may be missing"));
-        } else if (walk_.end() == TraceWalk::End::UNREADABLE) {
-            say(trace_ + std::string(": could not read all of it"));
-        }
-        return walk_.end() == TraceWalk::End::WHOLE;
     }
 
     bool tell_missing_calls() {

@@ -61,7 +61,7 @@ struct Message {
 
     // Layer 3
     std::string reference;   // call reference without its flag bit, as "01" or "002a"; empty when that is empty;
-                             // DASS2 and DPNSS: the timeslot as in the report, as "33Virtual"
+                             // DASS2 and DPNSS: the timeslot of any frame as in the report, as "33Virtual"
     bool by_sender = false;  // Q.931: the side that sent this gave the call reference
     bool of_call = false;    // it belongs to a call: no maintenance, and a call reference other than empty and 0
     Step step = Step::OTHER;

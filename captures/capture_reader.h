@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "captures/frame.h"
+#include "io/interface.h"
 
 // A packet of a capture: mostly a frame.
 struct Packet {
@@ -21,13 +22,8 @@ void set_time(Packet& packet, std::int64_t seconds, std::int64_t microseconds);
 const char* trouble_of(const Packet& packet);
 
 // Reads a capture packet by packet.
-class CaptureReader {
+class CaptureReader : public Interface {
  public:
-    CaptureReader() = default;
-    virtual ~CaptureReader() = default;
-    CaptureReader(const CaptureReader&) = delete;
-    CaptureReader& operator=(const CaptureReader&) = delete;
-
     // Takes the next packet; false at the end.
     virtual bool next(Packet& packet) = 0;
 

@@ -1,15 +1,11 @@
 #pragma once
 
 #include "captures/frame.h"
+#include "io/interface.h"
 
 // Writes a capture frame by frame.
-class CaptureWriter {
+class CaptureWriter : public Interface {
  public:
-    CaptureWriter() = default;
-    virtual ~CaptureWriter() = default;
-    CaptureWriter(const CaptureWriter&) = delete;
-    CaptureWriter& operator=(const CaptureWriter&) = delete;
-
     // Writes a frame whose time is from 1970 on.
     virtual void write(const Frame& frame) = 0;
 };

@@ -79,7 +79,8 @@ std::string Conversion::list_of_lines() const {
     int listed = 0;
     for (std::size_t line = 0; line < lines_.size() && listed <= MOST_LISTED; ++line) {
         if (lines_[line]) {
-            list += (listed == 0 ? "" : ", ") + (listed < MOST_LISTED ? std::to_string(line) : "...");
+            list += listed == 0 ? "" : ", ";
+            list += listed < MOST_LISTED ? std::to_string(line) : "...";
             ++listed;
         }
     }

@@ -5,14 +5,11 @@
 #include <cstdint>
 #include <string_view>
 
-// Takes what a stream writes, instead of a file.
-class OutputSink {
- public:
-    OutputSink() = default;
-    virtual ~OutputSink() = default;
-    OutputSink(const OutputSink&) = delete;
-    OutputSink& operator=(const OutputSink&) = delete;
+#include "io/interface.h"
 
+// Takes what a stream writes, instead of a file.
+class OutputSink : public Interface {
+ public:
     virtual void take(std::string_view bytes) = 0;
 };
 

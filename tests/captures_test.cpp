@@ -122,7 +122,7 @@ TEST(Import, FractionsOfASecondThatAreNone) {
                       packet(1, 999999, frame) + packet(1, 4000000, lapd("04", "00 00", "")),
                   "-p dass2", at_100_s, trace, 1,
                   left_out("packet 4", "a frame of no octets") + summary(3, 4, 0, 1) + wrong);
-    expect_import("\x4d\x3c" + pcap_head(177).substr(2) + packet(100, 4000000000, frame) +
+    expect_import(bytes_of("4d 3c") + pcap_head(177).substr(2) + packet(100, 4000000000, frame) +
                       packet(1, 1000000000, frame) + packet(1, 999999999, frame),
                   "-p dass2", at_100_s, trace, 1, summary(3, 3, 0, 0) + wrong);
     expect_import(
@@ -302,7 +302,7 @@ std::string interface(unsigned line) {
 std::string packet_on(unsigned interface, std::uint64_t microseconds, const std::string& octets) {
     std::string bytes = bytes_of(octets);
     const auto size = static_cast<unsigned>(bytes.size());
-    bytes.resize((size + 3) / 4 * 4);
+    bytes += std::string(-size % 4, 0);
     const auto block = static_cast<unsigned>(bytes.size()) + 32;
     return words({6, block, interface, static_cast<unsigned>(microseconds >> 32U), static_cast<unsigned>(microseconds),
                   size, size}) +

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "io/input_stream.h"
+#include "io/interface.h"
 #include "report/lines.h"
 #include "report/state.h"
 #include "trace/format.h"
@@ -42,13 +43,8 @@ struct Record {
 };
 
 // Is told what the reader finds while the decoders read.
-class ReaderObserver {
+class ReaderObserver : public Interface {
  public:
-    ReaderObserver() = default;
-    virtual ~ReaderObserver() = default;
-    ReaderObserver(const ReaderObserver&) = delete;
-    ReaderObserver& operator=(const ReaderObserver&) = delete;
-
     // A record has been found. Its marker is the next byte that is handed out.
     virtual void found(const Record& record) = 0;
 

@@ -18,7 +18,7 @@ function field(name,   text) {
 }
 
 function lapd_frame(   command, response) {
-    add("line", number(substr($column["sll.src.other"], 3), 16))
+    add("line", substr($column["frame.interface_name"], 6) + 0)
     add("C/R", field("lapd.cr"))
     add("SAPI", field("lapd.sapi"))
     add("TEI", field("lapd.tei"))
