@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "calls/layer3.h"
-
 namespace {
 
 constexpr std::int64_t SETUP_REPEATED_MS = 10'000;
@@ -36,8 +34,9 @@ CallCourse::CallCourse(const Message& first, bool to_all)
 
 void CallCourse::take(const Message& message) {
     ++messages_;
-    if (by_caller(message)) {
-        add_numbers(message);
+    const bool repeated_setup = message.step == Step::SETUP && setup_content_;
+    if (by_caller(message) && !repeated_setup) {
+        numbers_.add(message);
     }
     if (message.step == Step::SETUP || message.step == Step::RESUME) {
         note_setup(message);
@@ -45,7 +44,7 @@ void CallCourse::take(const Message& message) {
         only_setups_ = false;
     }
     const std::size_t index = leg_of(message);
-    note_answer(message, legs_[index]);
+    note_response(message, legs_[index]);
     note_reason(message);
     if (!message.channel.empty()) {
         channel_ = message.channel;
@@ -56,7 +55,7 @@ void CallCourse::take(const Message& message) {
 
 bool CallCourse::cleared_by_caller() const { return cleared_ != NONE && legs_[cleared_].clearing.by == caller(); }
 
-// What is sent to all terminals has a leg as well, whose terminal never answers.
+// What is sent to all terminals has a leg as well, whose terminal never responds.
 std::size_t CallCourse::leg_of(const Message& message) {
     const std::uint8_t terminal = message.tei.value_or(0);
     const auto found = std::ranges::find(legs_, terminal, &Leg::tei);
@@ -69,17 +68,17 @@ std::size_t CallCourse::leg_of(const Message& message) {
 
 // A terminal that speaks for the first time opens a call again that others have cleared; but not by a refusal that
 // comes when the caller has gone.
-void CallCourse::note_answer(const Message& message, Leg& leg) {
+void CallCourse::note_response(const Message& message, Leg& leg) {
     if (by_caller(message)) {
         return;
     }
     const bool refusal = to_all_ && is_clearing(message.step);
-    answered_ = answered_ || !refusal;
+    responded_ = responded_ || !refusal;
     const bool crosses = leg.clearing.by != Cleared::OPEN || (refusal && cleared_by_caller());
-    if (to_all_ && !leg.has_answered && !crosses) {
+    if (to_all_ && !leg.has_responded && !crosses) {
         cleared_ = NONE;
     }
-    leg.has_answered = true;
+    leg.has_responded = true;
 }
 
 // A refusal by one of several terminals is no reason of the call, nor is a STATUS, nor what is said after its end.
@@ -90,24 +89,7 @@ void CallCourse::note_reason(const Message& message) {
     }
 }
 
-void CallCourse::add_numbers(const Message& message) {
-    if (message.step == Step::SETUP && setup_content_) {
-        return;  // those of the first SETUP once more
-    }
-    if (!message.tei) {
-        has_selection_ = true;
-        to_ += message.selection;
-        return;
-    }
-    if (from_.empty()) {
-        from_ = message.from;
-    }
-    if (message.step == Step::SETUP || message.step == Step::INFORMATION) {
-        to_ += message.to;
-    }
-}
-
-// Terminals answer each SETUP anew.
+// Terminals respond to each SETUP anew.
 void CallCourse::note_setup(const Message& setup) {
     legs_.clear();
     cleared_ = NONE;
@@ -117,7 +99,7 @@ void CallCourse::note_setup(const Message& setup) {
 
 bool CallCourse::repeats_setup(const Message& setup) const {
     const bool same = setup_content_ == setup.content && by_caller(setup) && to_all_ == (setup.tei == TEI_ALL);
-    if (!same || answered_ || connected_ != NONE || restarted_ || cleared_by_caller()) {
+    if (!same || responded_ || connected_ != NONE || restarted_ || cleared_by_caller()) {
         return false;
     }
     const Time passed = difference(setup_time_, setup.elapsed);
@@ -173,7 +155,7 @@ void CallCourse::acknowledge(const Message& message, std::size_t leg) {
 }
 
 // Clears the leg, or adds the cause of its clearing. A call without CONNECT is cleared when the caller clears, or when
-// the last terminal does that has answered; what the caller says to a terminal that has cleared by itself confirms
+// the last terminal does that has responded; what the caller says to a terminal that has cleared by itself confirms
 // that.
 void CallCourse::clear(const Message& message, std::size_t leg, Cleared by) {
     if (restarted_) {
@@ -188,7 +170,7 @@ void CallCourse::clear(const Message& message, std::size_t leg, Cleared by) {
     if (!clearing.cause) {
         clearing.cause = message.cause;
     }
-    const auto is_gone = [](const Leg& other) { return !other.has_answered || other.clearing.by != Cleared::OPEN; };
+    const auto is_gone = [](const Leg& other) { return !other.has_responded || other.clearing.by != Cleared::OPEN; };
     if (first && cleared_ == NONE && (by_caller(message) || std::ranges::all_of(legs_, is_gone))) {
         cleared_ = leg;
     }
@@ -233,7 +215,7 @@ bool CallCourse::is_over() const {
 }
 
 bool CallCourse::is_released_by_all() const {
-    return std::ranges::all_of(legs_, [](const Leg& leg) { return !leg.has_answered || leg.is_over; });
+    return std::ranges::all_of(legs_, [](const Leg& leg) { return !leg.has_responded || leg.is_over; });
 }
 
 bool CallCourse::is_over_for(const Message& message) const {
@@ -279,8 +261,8 @@ Call CallCourse::call() const {
     call.by_transmitted = by_transmitted_;
     call.line = line_;
     call.reference = reference_;
-    call.from = has_selection_ ? std::string(calling_number(to_)) : from_;
-    call.to = has_selection_ ? called_number(to_) : to_;
+    call.from = numbers_.from();
+    call.to = numbers_.to();
     call.channel = channel_;
     if (alerted_) {
         call.alert = difference(start_, alert_time_);

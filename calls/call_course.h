@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "calls/call.h"
+#include "calls/call_numbers.h"
 #include "calls/message.h"
 
 constexpr std::uint8_t TEI_ALL = 127;  // SETUPs to all terminals go there
@@ -35,7 +36,7 @@ class CallCourse {
 
     [[nodiscard]] bool to_all() const { return to_all_; }
     [[nodiscard]] bool is_over() const;                            // its call reference is free again
-    [[nodiscard]] bool is_released_by_all() const;                 // by all terminals that have answered
+    [[nodiscard]] bool is_released_by_all() const;                 // by all terminals that have responded
     [[nodiscard]] bool is_over_for(const Message& message) const;  // at least for the terminal of that message
 
     [[nodiscard]] const std::string& channel() const { return channel_; }
@@ -53,8 +54,8 @@ class CallCourse {
 
     struct Leg {
         std::uint8_t tei = 0;
-        bool has_answered = false;  // the terminal has said something
-        bool is_over = false;       // RELEASE COMPLETE, or what ends a call as well
+        bool has_responded = false;  // the terminal has said something
+        bool is_over = false;        // RELEASE COMPLETE, or what ends a call as well
         bool connected = false;
         std::optional<std::int64_t> connect_time;
         Clearing clearing;
@@ -70,8 +71,7 @@ class CallCourse {
     [[nodiscard]] Result result() const;
     std::size_t leg_of(const Message& message);
     void note_setup(const Message& setup);
-    void note_answer(const Message& message, Leg& leg);
-    void add_numbers(const Message& message);
+    void note_response(const Message& message, Leg& leg);
     void note_reason(const Message& message);
     void take_step(const Message& message, std::size_t leg);
     void alert(const Message& message);
@@ -86,14 +86,12 @@ class CallCourse {
     std::optional<std::uint8_t> line_;
     bool by_transmitted_;
     bool to_all_;
-    bool has_selection_ = false;  // DASS2 and DPNSS: to_ is the selection fields of the side that calls
-    bool acknowledged_ = false;   // the connected leg is the one that the network has chosen
-    bool answered_ = false;       // the other side has said something to the SETUP
-    bool only_setups_ = true;     // nothing but the SETUP has been said
+    bool acknowledged_ = false;  // the connected leg is the one that the network has chosen
+    bool responded_ = false;     // the other side has said more to the SETUP than refusals of terminals
+    bool only_setups_ = true;    // nothing but the SETUP has been said
     std::uint32_t messages_ = 0;
     std::string reference_;
-    std::string from_;
-    std::string to_;
+    CallNumbers numbers_;
     std::string channel_;
     std::string interface_;
     std::optional<std::uint64_t> setup_content_;

@@ -4,6 +4,7 @@
 #include <deque>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "calls/call_course.h"
 #include "calls/channel_calls.h"
@@ -17,7 +18,7 @@ bool opens(const Message& message) { return message.step == Step::SETUP || messa
 // Whether it may come after the end of its call.
 bool may_follow_end(Step step) { return is_clearing(step) || step == Step::STATUS || step == Step::STATUS_ENQUIRY; }
 
-// Whether the side that gave the call reference is the network: then several terminals may answer.
+// Whether the side that gave the call reference is the network: then several terminals may respond.
 bool called_by_network(const Message& message) { return message.tei && message.by_sender == message.from_network; }
 
 // What calls to all terminals are known by: line, reference, and the side that gave it. DASS2 and DPNSS: the timeslot.
@@ -28,6 +29,11 @@ std::string call_key(const Message& message) {
         key += static_cast<char>(message.line.value_or(0));
     }
     return key;
+}
+
+// And what those with one terminal are known by.
+std::string call_key_of_terminal(const Message& message) {
+    return call_key(message) + static_cast<char>(message.tei.value_or(0));
 }
 
 }  // namespace
@@ -47,7 +53,7 @@ class CallTable::State {
         if (message.step == Step::RESTART) {
             restart(message);
         }
-        const std::uint32_t no = message.of_call ? count(message) : 0;
+        const std::uint32_t no = message.of_call && !of_connection(message) ? count(message) : 0;
         repeated_.keep(message, no);
         return {no, false};
     }
@@ -76,13 +82,33 @@ class CallTable::State {
         return no;
     }
 
+    // Whether the message belongs to a signalling connection of Q.932, which has a call reference as calls have.
+    bool of_connection(const Message& message) {
+        if (connections_.empty() && message.step != Step::REGISTER) {
+            return false;
+        }
+        const std::string key = call_key_of_terminal(message);
+        const std::uint32_t no = latest_call(message);
+        if (message.step == Step::REGISTER && (no == 0 || course(no).is_over_for(message))) {
+            connections_.insert(key);
+            return true;
+        }
+        if (opens(message) || message.step == Step::RELEASE_COMPLETE) {
+            return connections_.erase(key) != 0 && !opens(message);
+        }
+        return connections_.contains(key);
+    }
+
+    // The last call of the message's key; 0: none.
+    [[nodiscard]] std::uint32_t latest_call(const Message& message) const {
+        return std::max(latest(to_all_, call_key(message)), latest(to_one_, call_key_of_terminal(message)));
+    }
+
     std::uint32_t call_of(const Message& message) {
-        const std::string to_all = call_key(message);
-        const std::string to_one = to_all + static_cast<char>(message.tei.value_or(0));
-        const std::uint32_t no = std::max(latest(to_all_, to_all), latest(to_one_, to_one));
+        const std::uint32_t no = latest_call(message);
         if (no == 0 || begins_another(message, course(no))) {
-            return goes_to_all(message, no) ? open(message, to_all_[to_all], true)
-                                            : open(message, to_one_[to_one], false);
+            return goes_to_all(message, no) ? open(message, to_all_[call_key(message)], true)
+                                            : open(message, to_one_[call_key_of_terminal(message)], false);
         }
         return no;
     }
@@ -123,6 +149,7 @@ class CallTable::State {
     std::deque<CallCourse> courses_;
     Latest to_all_;
     Latest to_one_;
+    std::unordered_set<std::string> connections_;  // open ones, by key of the terminal
     ChannelCalls on_channels_;
     RepeatedFrames repeated_;
 };

@@ -1,6 +1,8 @@
 #include "calls/channel_calls.h"
 
 #include <algorithm>
+#include <bitset>
+#include <charconv>
 
 namespace {
 
@@ -23,6 +25,18 @@ void for_each_channel(std::string_view channels, Action action) {
         action(channels.substr(0, comma));
         channels.remove_prefix(std::min(comma + 1, channels.size()));
     }
+}
+
+// "B1" is channel 1.
+std::bitset<128> channel_set(std::string_view channels) {
+    std::bitset<128> set;
+    for_each_channel(channels, [&](std::string_view channel) {
+        channel.remove_prefix(channel.starts_with('B') ? 1 : 0);
+        unsigned number = 0;
+        std::from_chars(channel.data(), channel.data() + channel.size(), number);
+        set.set(number % set.size());
+    });
+    return set;
 }
 
 }  // namespace
@@ -59,6 +73,8 @@ std::vector<std::uint32_t> ChannelCalls::take(const Message& restart) {
         case ALL_INTERFACES: take_from(line, calls); break;
         default: take_from(interface, calls); break;
     }
+    std::ranges::sort(calls);
+    calls.erase(std::ranges::unique(calls).begin(), calls.end());
     return calls;
 }
 
@@ -68,9 +84,5 @@ bool concerns(const Message& restart, std::string_view interface, std::string_vi
         case INDICATED_CHANNELS: break;
         default: return interface == restart.interface;
     }
-    bool shared = false;
-    for_each_channel(channels, [&](std::string_view channel) {
-        for_each_channel(restart.channel, [&](std::string_view other) { shared = shared || channel == other; });
-    });
-    return shared && interface == restart.interface;
+    return interface == restart.interface && (channel_set(channels) & channel_set(restart.channel)).any();
 }

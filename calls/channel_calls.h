@@ -15,7 +15,7 @@ class ChannelCalls {
     void opened(const Message& first, std::uint32_t no);
     void named_channel(const Message& message, std::uint32_t no);
 
-    // Takes out the calls that a RESTART may concern, at least those that it does.
+    // Takes out the calls that a RESTART may concern, at least those that it does; each once, in their order.
     std::vector<std::uint32_t> take(const Message& restart);
 
  private:

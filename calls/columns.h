@@ -13,8 +13,8 @@
 
 // Names of the columns, with tabs between them, without a line end.
 inline constexpr std::string_view CALL_COLUMNS =
-    "no\tstart\tat\tby\tline\tcall\tfrom\tto\tchannel\talert\tring\ttalk\tresult\tcleared\tcause\tlocation\tmessages\tt"
-    "race";
+    "no\tstart\tat\tby\tline\tcall\tfrom\tto\tchannel\talert\tring\ttalk\t"
+    "result\tcleared\tcause\tlocation\tmessages\ttrace";
 inline constexpr std::string_view MESSAGE_COLUMNS =
     "no\ttime\tat\tway\tline\ttei\tcall\tmessage\tfrom\tto\tchannel\tcause\tlocation\ttrace";
 

@@ -12,6 +12,7 @@
 enum class Step : std::uint8_t {
     OTHER,  // it belongs to a call, and does nothing that the list of calls tells
     SETUP,
+    REGISTER,     // opens a signalling connection that is no call (Q.932)
     INFORMATION,  // more digits
     ALERTING,
     CONNECT,

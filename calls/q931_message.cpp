@@ -40,6 +40,7 @@ Step step_of(std::uint8_t type, std::uint8_t discriminator) {
         case 0x46: return Step::RESTART;
         case 0x4D: return Step::RELEASE;
         case 0x5A: return Step::RELEASE_COMPLETE;
+        case 0x64: return discriminator == CALL_CONTROL ? Step::REGISTER : Step::OTHER;
         case 0x75: return Step::STATUS_ENQUIRY;
         case 0x7B: return Step::INFORMATION;
         case 0x7D: return Step::STATUS;

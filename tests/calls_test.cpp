@@ -13,10 +13,10 @@
 namespace {
 
 const std::map<std::string, int> MESSAGES = {
-    {"ALERTING", 0x01},    {"PROCEEDING", 0x02}, {"PROGRESS", 0x03}, {"SETUP", 0x05},   {"CONNECT", 0x07},
-    {"CONNECT_ACK", 0x0F}, {"RESUME_REJ", 0x22}, {"SUSPEND", 0x25},  {"RESUME", 0x26},  {"SUSPEND_ACK", 0x2D},
-    {"RESUME_ACK", 0x2E},  {"DISCONNECT", 0x45}, {"RESTART", 0x46},  {"RELEASE", 0x4D}, {"COMPLETE", 0x5A},
-    {"FACILITY", 0x62},    {"STATUS_ENQ", 0x75}, {"INFO", 0x7B},     {"STATUS", 0x7D},
+    {"ALERTING", 0x01},    {"PROCEEDING", 0x02}, {"PROGRESS", 0x03},   {"SETUP", 0x05},   {"CONNECT", 0x07},
+    {"CONNECT_ACK", 0x0F}, {"RESUME_REJ", 0x22}, {"SUSPEND", 0x25},    {"RESUME", 0x26},  {"SUSPEND_ACK", 0x2D},
+    {"RESUME_ACK", 0x2E},  {"DISCONNECT", 0x45}, {"RESTART", 0x46},    {"RELEASE", 0x4D}, {"COMPLETE", 0x5A},
+    {"FACILITY", 0x62},    {"REGISTER", 0x64},   {"STATUS_ENQ", 0x75}, {"INFO", 0x7B},    {"STATUS", 0x7D},
 };
 
 std::string hex(int octet) {
