@@ -146,7 +146,7 @@ TEST(Page, DamageIsTold) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.terminal,
               "quandrix-page: trace: 1 damaged place, at report line 3; calls may be missing\n"
-              "quandrix-page: trace: the trace ends within a record, at report line 18; calls may be missing\n");
+              "quandrix-page: trace: the trace is cut, at report line 18; calls may be missing\n");
     EXPECT_NE(folder.read("trace.html").find("\n\t!\t-\t-\t-\t3\t"), std::string::npos);
 }
 
