@@ -85,7 +85,7 @@
         button.textContent = `Show all ${rows.length}`;
         button.onclick = () => {
             button.hidden = true;
-            list.append(...rows.slice(LIMIT).map(makeRow));
+            for (const row of rows.slice(LIMIT)) list.append(makeRow(row)); // too many to be one call's arguments
         };
     }
 
