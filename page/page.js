@@ -85,7 +85,7 @@
         button.textContent = `Show all ${rows.length}`;
         button.onclick = () => {
             button.hidden = true;
-            list.append(...rows.slice(LIMIT).map(makeRow));
+            for (const row of rows.slice(LIMIT)) list.append(makeRow(row)); // too many to be one call's arguments
         };
     }
 
@@ -182,12 +182,18 @@
     const inOrder = numbers => numbers.sort((a, b) => a - b).map(frame);
     const switched = () => layer2.checked ? frames(LAYER_2) : [];
 
+    // The first frame of those that the decoder took for one: they begin at the same line of the report.
+    function passOf(number) {
+        const { at } = frame(number);
+        return at !== NONE && number > 0 && frame(number - 1).at === at ? passOf(number - 1) : number;
+    }
+
     // A call's messages, damage from directly before the first one, and layer 2 of its links. A call that is not cleared
     // goes on to the end of the trace.
     function framesOfCall({ no, cleared }) {
         const own = frames(no);
         const last = cleared === 'open' ? Infinity : own.at(-1);
-        const damage = frames(DAMAGE).filter(number => number >= own[0] - 1 && number < last);
+        const damage = frames(DAMAGE).filter(number => number >= passOf(own[0]) - 1 && number < last);
         const between = switched().filter(number => number > own[0] && number < last);
         const messages = own.map(frame);
         const links = new Set(messages.flatMap(message => [linkOf(message, message.call), linkOf(message, NONE)]));
