@@ -30,6 +30,16 @@ void add_frames(const Pass& pass, CallTable& calls, std::vector<PageFrame>& fram
     }
 }
 
+// How a trace ended early.
+std::string_view end_text(TraceWalk::End end) {
+    switch (end) {
+        case TraceWalk::End::WHOLE: return "";
+        case TraceWalk::End::CUT: return "; the trace is cut";
+        case TraceWalk::End::UNREADABLE: return "; the trace could not be read to its end";
+    }
+    return "";
+}
+
 // "1 call", "7 calls"
 std::string counted(std::uint64_t number, const std::string& what) {
     return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
@@ -159,5 +169,5 @@ std::string PageMaker::facts(std::size_t shown_calls) const {
     text += counted(calls_.size(), "call");
     const FrameData::Counts& counts = data_.counts();
     return text + ", " + counted(counts.messages, "message") + ", " + counted(counts.other_frames, "other frame") +
-           ", " + counted(counts.damaged_places, "damaged place");
+           ", " + counted(counts.damaged_places, "damaged place") + std::string(end_text(walk_.end()));
 }
