@@ -8,7 +8,8 @@
 #include "page/page_frame.h"
 
 // What a page shows of a trace: all of it; or of some calls their frames, and damage and empty frames of layer 2 from
-// the first to the last frame of each. For these the trace is gone through twice.
+// the first to the last frame of each, but no lines of the report that can hold octets of other calls. For these the
+// trace is gone through twice.
 class CallChoice {
  public:
     // calls: the numbers of those chosen; none: all.
@@ -20,9 +21,10 @@ class CallChoice {
     // The first time through: takes note of every frame.
     void note(const PageFrame& frame);
 
-    // The second time: whether the page shows a frame, to be asked of every one; and damage before the next one.
+    // The second time: whether the page shows damage before the frames of the next pass; and a frame, to be asked of
+    // every one.
+    [[nodiscard]] bool shows_damage(const std::vector<PageFrame>& before) const;
     [[nodiscard]] bool shows(const PageFrame& frame);
-    [[nodiscard]] bool shows_damage() const { return all() || !going_on_.empty(); }
 
  private:
     const std::set<std::uint32_t> calls_;

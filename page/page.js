@@ -85,7 +85,7 @@
         button.textContent = `Show all ${rows.length}`;
         button.onclick = () => {
             button.hidden = true;
-            list.append(...rows.slice(LIMIT).map(makeRow));
+            for (const row of rows.slice(LIMIT)) list.append(makeRow(row)); // too many to be one call's arguments
         };
     }
 
@@ -182,15 +182,23 @@
     const inOrder = numbers => numbers.sort((a, b) => a - b).map(frame);
     const switched = () => layer2.checked ? frames(LAYER_2) : [];
 
-    // A call's messages, and damage and layer 2 of its links since the first one. A call that is not cleared goes on to
-    // the end of the trace.
+    // The first frame of those that the decoder took for one: they begin at the same line of the report.
+    function passOf(number) {
+        const { at } = frame(number);
+        return at !== NONE && number > 0 && frame(number - 1).at === at ? passOf(number - 1) : number;
+    }
+
+    // A call's messages, damage from directly before the first one, and layer 2 of its links. A call that is not cleared
+    // goes on to the end of the trace.
     function framesOfCall({ no, cleared }) {
         const own = frames(no);
         const last = cleared === 'open' ? Infinity : own.at(-1);
-        const others = [...frames(DAMAGE), ...switched()].filter(number => number > own[0] && number < last);
+        const damage = frames(DAMAGE).filter(number => number >= passOf(own[0]) - 1 && number < last);
+        const between = switched().filter(number => number > own[0] && number < last);
         const messages = own.map(frame);
         const links = new Set(messages.flatMap(message => [linkOf(message, message.call), linkOf(message, NONE)]));
-        return inOrder([...own, ...others]).filter(other => !isLayer2(other) || links.has(linkOf(other, other.call)));
+        return inOrder([...own, ...damage, ...between])
+            .filter(other => !isLayer2(other) || links.has(linkOf(other, other.call)));
     }
 
     // Rows: a run of layer 2 frames with the same name, any other frame, or a pause; between damaged places is none.
@@ -211,18 +219,17 @@
 
     const seconds = milliseconds => (milliseconds / 1000).toFixed(3);
 
-    // The time of day, with the date where that is not the first frame's; without times the report line.
+    // The time of day, with the date where that is not the first one; without times the report line.
     function timeOf({ time, at }) {
         if (time === NONE) return `report line ${at}`;
-        const date = view.frames[0].time.slice(0, 11);
-        return time.startsWith(date) ? time.slice(11) : time;
+        return time.startsWith(view.date) ? time.slice(11) : time;
     }
 
     // What a message says; line and TEI where the view has several.
     function said(frame) {
         const labels = { from: 'from', to: 'to', channel: 'channel', cause: 'cause', location: 'by' };
-        if (view.lines > 1) labels.line = 'line';
-        if (view.teis > 1) labels.tei = 'TEI';
+        if (view.severalLines) labels.line = 'line';
+        if (view.severalTeis) labels.tei = 'TEI';
         const told = Object.keys(labels).filter(name => frame[name] !== NONE);
         return told.map(name => `${labels[name]} ${frame[name]}`).join(', ');
     }
@@ -260,13 +267,13 @@
     }
 
     function frameRow(run) {
-        const [{ key, at, message, way }] = run;
+        const [{ key, at, message, way, number }] = run;
         const bothWays = run.some(other => other.way !== way);
         const kind = { [LAYER_2]: 'layer2', [DAMAGE]: 'damage' }[key] ?? 'message';
         const details = make('details', {}, summaryOf(run, bothWays ? 'TR' : way));
         details.ontoggle = () => unfold(details, run);
         const data = key === DAMAGE ? {} : { way: bothWays ? 'TR' : way };
-        return make('li', { data: { at, ...data, [kind]: message } }, details);
+        return make('li', { data: { frame: number, at, ...data, [kind]: message } }, details);
     }
 
     const makeRow = ({ pause, run }) => pause ? pauseRow(pause) : frameRow(run);
@@ -283,19 +290,20 @@
 
     function showLadder() {
         const all = view.find();
-        const several = name => new Set(all.map(frame => frame[name])).size;
-        const start = view.call ? all[0].ms : NaN;
-        Object.assign(view, { frames: all, start, lines: several('line'), teis: several('tei') });
+        const several = name => new Set(all.map(frame => frame[name]).filter(value => value !== NONE)).size > 1;
+        const start = view.call ? all.find(({ key }) => key === view.call.no).ms : NaN;
+        const date = all.find(({ time }) => time !== NONE)?.time.slice(0, 11);
+        Object.assign(view, { start, date, severalLines: several('line'), severalTeis: several('tei') });
         fill(ladder, element('more-rows'), rowsOf(all), makeRow);
         element('nothing').hidden = all.length > 0;
     }
 
     // What was unfolded stays so.
     function switchLayer2() {
-        const unfolded = Array.from(ladder.querySelectorAll('[open]'), details => details.parentNode.dataset.at);
+        const unfolded = Array.from(ladder.querySelectorAll('[open]'), details => details.parentNode.dataset.frame);
         showLadder();
-        for (const at of unfolded) {
-            const details = ladder.querySelector(`[data-at="${at}"] > details`);
+        for (const number of unfolded) {
+            const details = ladder.querySelector(`[data-frame="${number}"] > details`);
             if (details) details.open = true;
         }
     }

@@ -65,8 +65,8 @@ void PageMaker::note_choice() {
     TraceWalk walk(false);
     CallTable calls;
     open(walk);
-    if (!is_regular_file(ifp.descriptor())) {
-        fail(trace_ + ": -c needs a trace that is a file, to read it twice");
+    if (trace_ == "-" || !is_regular_file(ifp.descriptor())) {
+        fail(trace_ + ": -c needs the name of a file, to read the trace twice");
     }
     while (walk.next()) {
         add_frames(walk.pass(), calls, frames_);
@@ -89,11 +89,16 @@ void PageMaker::take_pass() {
     bool first = !pass.records.empty() && is_frame(pass.records.front());
     for (const PageFrame& frame : frames_) {
         if (choice_.shows(frame)) {
-            data_.add(frame, walk_.start(), first ? pass.text : std::string_view());
+            data_.add(frame, walk_.start(), first ? lines_of(pass) : std::string_view());
         }
         note_time(frame.message.elapsed);
         first = false;
     }
+}
+
+// What the decoder writes out of step can hold octets of any call.
+std::string_view PageMaker::lines_of(const Pass& pass) const {
+    return choice_.all() || !pass.out_of_step ? pass.text : std::string_view();
 }
 
 // Damage stands before the frames of its pass. Its lines can hold octets of any call.
@@ -102,7 +107,7 @@ void PageMaker::take_damage(const Pass& pass) {
         damage_.note(frame.message);
     }
     const std::uint64_t at = damage_.note(pass);
-    if (at == 0 || !choice_.shows_damage()) {
+    if (at == 0 || !choice_.shows_damage(frames_)) {
         return;
     }
     const bool corrupt_data = pass.corrupt_data_at != 0;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "calls/call_table.h"
@@ -35,6 +36,7 @@ class PageMaker {
     void note_choice();
     void take_pass();
     void take_damage(const Pass& pass);
+    [[nodiscard]] std::string_view lines_of(const Pass& pass) const;
     void note_time(std::optional<std::int64_t> elapsed);
     [[nodiscard]] std::vector<std::string> call_rows() const;
     [[nodiscard]] std::string title() const;

@@ -135,7 +135,22 @@ TEST(Page, ChoiceOfCalls) {
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.terminal, "quandrix-page: trace: has no call 3\n");
     EXPECT_EQ(run(folder, "cat trace | PAGE -c 1 - none").status, 1);
+    EXPECT_EQ(run(folder, "PAGE -c 1 - none <trace").status, 1);
     EXPECT_FALSE(exists(folder.path() / "none"));
+}
+
+// The decoder reads over the end of the first call's SETUP, into that of the second: the damage belongs to both, and
+// the lines to neither alone.
+TEST(Page, ChoiceOfCallsInDamage) {
+    const Folder folder;
+    folder.write("trace", ZERO_HEADER + bytes_of("11 02 52 0d 02 01 00 00 08 02 00 01 05 6c 20 81 35 "
+                                                 "52 12 02 01 02 00 08 02 00 02 05 6c 07 81 35 35 35 30 30 32"));
+    for (const std::string call : {"1", "2"}) {
+        run(folder, "PAGE trace page -c " + call);
+        const std::string data = frame_data(folder.read("page"));
+        EXPECT_NE(data.find("\n\t!\t-\t-\t-\t2\tR\t-\t-\t-\tdamaged frame\t"), std::string::npos) << data;
+        EXPECT_EQ(data.find("Number Digit"), std::string::npos) << data;
+    }
 }
 
 TEST(Page, DamageIsTold) {
@@ -146,7 +161,7 @@ TEST(Page, DamageIsTold) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.terminal,
               "quandrix-page: trace: 1 damaged place, at report line 3; calls may be missing\n"
-              "quandrix-page: trace: the trace ends within a record, at report line 18; calls may be missing\n");
+              "quandrix-page: trace: the trace is cut, at report line 18; calls may be missing\n");
     EXPECT_NE(folder.read("trace.html").find("\n\t!\t-\t-\t-\t3\t"), std::string::npos);
 }
 
