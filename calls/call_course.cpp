@@ -8,7 +8,8 @@ constexpr std::int64_t SETUP_REPEATED_MS = 10'000;
 
 using Time = std::optional<std::int64_t>;
 
-Time difference(Time from, Time to) { return from && to ? Time(*to - *from) : std::nullopt; }
+// None where a trace goes back in time.
+Time difference(Time from, Time to) { return from && to && *to >= *from ? Time(*to - *from) : std::nullopt; }
 
 bool is_status(Step step) { return step == Step::STATUS || step == Step::STATUS_ENQUIRY; }
 
@@ -35,7 +36,8 @@ CallCourse::CallCourse(const Message& first, bool to_all)
 void CallCourse::take(const Message& message) {
     ++messages_;
     const bool repeated_setup = message.step == Step::SETUP && setup_content_;
-    if (by_caller(message) && !repeated_setup) {
+    const bool in_use = connected_ != NONE;  // what is dialled then is for services
+    if (by_caller(message) && !repeated_setup && !in_use) {
         numbers_.add(message);
     }
     if (message.step == Step::SETUP || message.step == Step::RESUME) {
@@ -103,7 +105,7 @@ bool CallCourse::repeats_setup(const Message& setup) const {
         return false;
     }
     const Time passed = difference(setup_time_, setup.elapsed);
-    return passed ? *passed >= 0 && *passed <= SETUP_REPEATED_MS : only_setups_;
+    return passed ? *passed <= SETUP_REPEATED_MS : only_setups_;
 }
 
 void CallCourse::take_step(const Message& message, std::size_t leg) {

@@ -74,7 +74,7 @@ std::vector<std::uint32_t> ChannelCalls::take(const Message& restart) {
         default: take_from(interface, calls); break;
     }
     std::ranges::sort(calls);
-    calls.erase(std::ranges::unique(calls).begin(), calls.end());
+    calls.erase(std::unique(calls.begin(), calls.end()), calls.end());
     return calls;
 }
 

@@ -201,7 +201,7 @@
             .filter(other => !isLayer2(other) || links.has(linkOf(other, other.call)));
     }
 
-    // Rows: a run of layer 2 frames with the same name, any other frame, or a pause.
+    // Rows: a run of layer 2 frames with the same name, any other frame, or a pause; between damaged places is none.
     function rowsOf(all) {
         const rows = [];
         for (const next of all) {
@@ -210,7 +210,8 @@
                 run.push(next);
                 continue;
             }
-            if (run && next.ms - run.at(-1).ms > PAUSE) rows.push({ pause: next.ms - run.at(-1).ms });
+            const pause = run && !view.isDamage ? next.ms - run.at(-1).ms : 0;
+            if (pause > PAUSE) rows.push({ pause });
             rows.push({ run: [next] });
         }
         return rows;
@@ -282,7 +283,7 @@
     const page = document.title;
     const views = {
         '#other': { heading: 'Frames of no call', find: () => inOrder([...frames(NONE), ...switched()]) },
-        '#damage': { heading: 'Damage', find: () => inOrder([...frames(DAMAGE)]) },
+        '#damage': { heading: 'Damage', isDamage: true, find: () => inOrder([...frames(DAMAGE)]) },
     };
 
     const viewOf = call => ({ heading: `Call ${call.no}`, call, find: () => framesOfCall(call) });
@@ -334,6 +335,7 @@
         showLadder();
         showFacts(view.call);
         showAround(view.call);
+        for (const id of ['switch', 'sides']) element(id).hidden = Boolean(view.isDamage);
         element('heading').textContent = view.heading;
         scrollTo(0, 0);
         element('heading').focus();

@@ -34,7 +34,7 @@ void add_frames(const Pass& pass, CallTable& calls, std::vector<PageFrame>& fram
 std::string_view end_text(TraceWalk::End end) {
     switch (end) {
         case TraceWalk::End::WHOLE: return "";
-        case TraceWalk::End::CUT: return "; the trace ends within a record";
+        case TraceWalk::End::CUT: return "; the trace is cut";
         case TraceWalk::End::UNREADABLE: return "; the trace could not be read to its end";
     }
     return "";
@@ -111,7 +111,7 @@ std::string_view PageMaker::lines_of(const Pass& pass) const {
     return choice_.all() || !pass.out_of_step ? pass.text : std::string_view();
 }
 
-// Damage stands before the frames of its pass. What the report says of corrupt data can hold octets of any call.
+// Damage stands before the frames of its pass. Its lines can hold octets of any call.
 void PageMaker::take_damage(const Pass& pass) {
     for (const PageFrame& frame : frames_) {
         damage_.note(frame.message);
@@ -120,11 +120,13 @@ void PageMaker::take_damage(const Pass& pass) {
     if (at == 0 || !choice_.shows_damage(frames_)) {
         return;
     }
+    const bool corrupt_data = pass.corrupt_data_at != 0;
     Message place;
-    place.name = pass.corrupt_data_at != 0 ? "corrupt data" : "damaged frame";
+    place.name = corrupt_data ? "corrupt data" : "damaged frame";
     place.at = at;
     place.elapsed = pass.records.empty() ? std::nullopt : pass.records.front().elapsed;
-    data_.add_damage(place, walk_.start(), choice_.all() ? pass.corrupt_data : std::string_view());
+    const std::string_view lines = corrupt_data ? pass.corrupt_data : pass.text;
+    data_.add_damage(place, walk_.start(), choice_.all() ? lines : std::string_view());
 }
 
 void PageMaker::note_time(std::optional<std::int64_t> elapsed) {

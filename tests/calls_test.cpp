@@ -80,7 +80,7 @@ void add_message(Case& test, const std::smatch& part) {
                         " " + octets_of(part[7]));
 }
 
-// Adds what a line of a file holds. False when the line has no known form.
+// Adds a title, a table or a record. False when it has no known form.
 bool add(std::vector<Case>& cases, const std::string& source) {
     static const std::regex title(R"(== (?:\[([0-9A-F]{2})\] )?(\w.*))");
     static const std::regex time(R"(@ ([0-9.]+))");
@@ -138,13 +138,25 @@ std::string chosen(const std::string& printed, const std::string& columns) {
     return rows.empty() ? "nothing\n" : rows;
 }
 
+// Adds what a line of a file holds: a title, the like, or records with semicolons between.
+bool add_line(std::vector<Case>& cases, std::string line) {
+    const bool records = line.starts_with("@ ") || line.starts_with("R ") || line.starts_with("T ");
+    for (auto end = line.find("; "); records && end != std::string::npos; end = line.find("; ")) {
+        if (!add(cases, line.substr(0, end))) {
+            return false;
+        }
+        line.erase(0, end + 2);
+    }
+    return add(cases, line);
+}
+
 std::vector<Case> all_cases() {
     std::vector<Case> cases;
     for (const auto& file :
          std::set<std::filesystem::path>(std::filesystem::directory_iterator(TESTS "/call_cases"), {})) {
         std::ifstream stream(file);
         for (std::string source; std::getline(stream, source);) {
-            if (!add(cases, source)) {
+            if (!add_line(cases, source)) {
                 throw std::runtime_error(file.string() + ": not a part of a case: " + source);
             }
         }

@@ -165,10 +165,10 @@ TEST(Page, DamageIsTold) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.terminal,
               "quandrix-page: trace: 1 damaged place, at report line 3; calls may be missing\n"
-              "quandrix-page: trace: the trace ends within a record, at report line 18; calls may be missing\n");
+              "quandrix-page: trace: the trace is cut, at report line 18; calls may be missing\n");
     const std::string page = folder.read("trace.html");
     EXPECT_NE(page.find("\n\t!\t-\t-\t-\t3\t"), std::string::npos);
-    EXPECT_NE(page.find(", 1 damaged place; the trace ends within a record</p>\n"), std::string::npos);
+    EXPECT_NE(page.find(", 1 damaged place; the trace is cut</p>\n"), std::string::npos);
 }
 
 TEST(Page, FileOfThePage) {
