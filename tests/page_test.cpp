@@ -45,9 +45,10 @@ std::string report_lines(const std::string& page) {
 
 std::string sample(const std::string& name) { return contents(SAMPLES "/" + name); }
 
-// A SETUP with that display.
-std::string setup(const std::string& display) {
-    const std::string message = bytes_of("02 01 00 00 08 02 00 01 05 28") + static_cast<char>(display.size()) + display;
+// A SETUP with that display, after what stands before it.
+std::string setup(const std::string& display, const std::string& before = "") {
+    const std::string message = bytes_of("02 01 00 00 08 02 00 01 05") + before + '\x28' +
+                                static_cast<char>(display.size()) + display;
     return std::string("R") + static_cast<char>(message.size()) + message;
 }
 
@@ -55,12 +56,15 @@ TEST(Page, BytesOfTheTraceAreEscaped) {
     const Folder folder;
     const std::string display =
         R"(</script>\3c\> "&')" + bytes_of("00 09 0d 1b 7f 80 a0 e2 80 ae ff") + "\n\t9\t-\n" + INDENT;
-    folder.write("<&>\"'\x80", ZERO_HEADER + "\x11\x02" + setup(display));
+    const std::string number = "\x70\x0c\x81</script>\\\n";
+    folder.write("<&>\"'\x80", ZERO_HEADER + "\x11\x02" + setup(display, number));
     ASSERT_EQ(run(folder, "PAGE '<&>\"'\"'\"'\x80' page").terminal, "");
     const std::string page = folder.read("page");
     EXPECT_NE(page.find("\n      \\3c/script>\\5c3c\\5c> "
                         "\"&'\\00\\09\\0d\\1b\\7f\\80\\a0\\e2\\80\\ae\\ff\n\\099\\09-\n\\>  Display"),
               std::string::npos);
+    EXPECT_NE(page.find("\t\\3c/script>\\5c?\t"), std::string::npos);
+    EXPECT_NE(page.find("<td>&lt;/script&gt;\\?<"), std::string::npos);
     EXPECT_NE(page.find("<title>&lt;&amp;&gt;&quot;&#39;?</title>"), std::string::npos);
     EXPECT_EQ(page.find_first_not_of("\t\n"), 0);
     EXPECT_FALSE(std::regex_search(page, std::regex("[^\\t\\n -~]")));
