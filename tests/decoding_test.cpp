@@ -1,11 +1,9 @@
 // The cases of tests/cases: octets in, report lines out. CONTRIBUTING.md describes their format.
 #include <algorithm>
 #include <map>
-#include <regex>
-#include <set>
-#include <stdexcept>
 #include <vector>
 
+#include "tests/case_files.h"
 #include "tests/program.h"
 
 namespace {
@@ -37,8 +35,7 @@ struct Line {
 };
 
 struct Case {
-    std::filesystem::path file;
-    int line;  // of the file, where the title is
+    std::string place;  // of the title, like "FILE:LINE"
     std::string title;
     std::string variants;
     std::string kind = "element";  // of its octets, or "frame", or "trace"
@@ -75,13 +72,13 @@ void add_lines(std::vector<Line>& lines, const std::string& filter, const std::s
 }
 
 // Adds what a line of a file holds: a new case, or octets and lines of the last one. False when it holds neither.
-bool add(std::vector<Case>& cases, const std::filesystem::path& file, int number, const std::string& source) {
+bool add(std::vector<Case>& cases, const std::string& place, const std::string& source) {
     static const std::regex title(R"(== (?:\[((?:(?:ALL|BRI|[0-9]+) ?)+)\] )?([^[].*))");
     static const std::regex octets(
         R"((?:(frame|trace): )?((?:[0-9A-F]{2,3}(?: |$|(?=\|)))*)(?:(?:\[([^\]]+)\])?(T?)(\|.*))?)");
     std::smatch part;
     if (std::regex_match(source, part, title)) {
-        cases.push_back({file, number, part.str(2), part[1].matched ? part.str(1) : "2"});
+        cases.push_back({place, part.str(2), part[1].matched ? part.str(1) : "2"});
         return true;
     }
     if (cases.empty() || !std::regex_match(source, part, octets)) {
@@ -94,37 +91,10 @@ bool add(std::vector<Case>& cases, const std::filesystem::path& file, int number
     return true;
 }
 
-[[noreturn]] void refuse(const std::filesystem::path& file, int line, const std::string& why) {
-    throw std::runtime_error(file.string() + ":" + std::to_string(line) + ": " + why);
-}
-
-// The cases of a file. Other lines, a case without octets or lines, and a file without a case are errors.
-std::vector<Case> read_cases(const std::filesystem::path& file) {
-    std::vector<Case> cases;
-    std::ifstream stream(file);
-    int number = 0;
-    for (std::string source; std::getline(stream, source);) {
-        if (!add(cases, file, ++number, source)) {
-            refuse(file, number, "not a part of a case: " + source);
-        }
-    }
-    if (cases.empty()) {
-        refuse(file, number, "no case");
-    }
-    for (const Case& decoding : cases) {
-        if (bytes_of(decoding.octets).empty() || decoding.lines.empty()) {
-            refuse(file, decoding.line, "no octets or lines: " + decoding.title);
-        }
-    }
-    return cases;
-}
-
 std::vector<Case> all_cases() {
-    std::vector<Case> all;
-    for (const auto& file : std::set<std::filesystem::path>(std::filesystem::directory_iterator(TESTS "/cases"), {})) {
-        std::ranges::move(read_cases(file), std::back_inserter(all));
-    }
-    return all;
+    std::vector<Case> cases;
+    for_each_line("cases", [&](const std::string& place, const std::string& line) { return add(cases, place, line); });
+    return cases;
 }
 
 std::string expected_lines(const std::vector<Line>& lines, int variant, char direction) {
@@ -218,6 +188,8 @@ class Decoding : public testing::TestWithParam<Case> {};
 
 TEST_P(Decoding, Report) {
     const Case& decoding = GetParam();
+    SCOPED_TRACE(decoding.place + ": " + decoding.title);
+    EXPECT_FALSE(bytes_of(decoding.octets).empty() || decoding.lines.empty());
     const std::vector<int> variants = codes(decoding.variants);
     const bool whole = decoding.kind == "trace";
     std::map<std::string, std::string> failures;  // what differs, and the codes under which it does
@@ -234,27 +206,20 @@ TEST_P(Decoding, Report) {
     }
     failures.erase("");
     for (const auto& [found, where] : failures) {
-        ADD_FAILURE_AT(decoding.file.c_str(), decoding.line) << decoding.title << "\nunder code " << where << ":\n"
-                                                             << found;
+        ADD_FAILURE() << "under code " << where << ":\n" << found;
     }
     for (const Line& line : decoding.lines) {
         const auto expected = [&](int variant) { return line.in(variant, 'R') || (!whole && line.in(variant, 'T')); };
-        if (std::ranges::none_of(variants, expected)) {
-            ADD_FAILURE_AT(decoding.file.c_str(), decoding.line)
-                << decoding.title << "\nunder no code, for the filter is [" << line.filter << "]: " << line.text;
-        }
+        EXPECT_TRUE(std::ranges::any_of(variants, expected))
+            << "under no code, for the filter is [" << line.filter << "]: " << line.text;
     }
 }
 
 void PrintTo(const Case& decoding, std::ostream* stream) { *stream << decoding.title; }
 
-// The file and the first part of the title of a case, in the characters that GoogleTest allows.
-std::string test_name(const testing::TestParamInfo<Case>& decoding) {
-    const Case& of = decoding.param;
-    return std::regex_replace(of.file.stem().string() + "_" + of.title.substr(0, of.title.find_first_of(":;")),
-                              std::regex("[^A-Za-z0-9]"), "_");
-}
-
-INSTANTIATE_TEST_SUITE_P(, Decoding, testing::ValuesIn(all_cases()), test_name);
+INSTANTIATE_TEST_SUITE_P(, Decoding, testing::ValuesIn(all_cases()), [](const auto& decoding) {
+    const std::string& place = decoding.param.place;
+    return test_name(std::filesystem::path(place).stem().string() + "_" + decoding.param.title);
+});
 
 }  // namespace
