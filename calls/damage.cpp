@@ -35,8 +35,7 @@ bool tell_damage(const std::string& trace, const TraceWalk& walk, const DamageCo
         say(trace + ": " + damage.text() + "; calls may be missing");
     }
     if (walk.end() == TraceWalk::End::CUT) {
-        say(trace + ": the trace is cut, at report line " + std::to_string(walk.line()) +
-            "; calls may be missing");
+        say(trace + ": the trace is cut, at report line " + std::to_string(walk.line()) + "; calls may be missing");
     } else if (walk.end() == TraceWalk::End::UNREADABLE) {
         say(trace + ": could not read all of it");
     }

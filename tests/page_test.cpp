@@ -47,8 +47,8 @@ std::string sample(const std::string& name) { return contents(SAMPLES "/" + name
 
 // A SETUP with that display, after what stands before it.
 std::string setup(const std::string& display, const std::string& before = "") {
-    const std::string message = bytes_of("02 01 00 00 08 02 00 01 05") + before + '\x28' +
-                                static_cast<char>(display.size()) + display;
+    const std::string message =
+        bytes_of("02 01 00 00 08 02 00 01 05") + before + '\x28' + static_cast<char>(display.size()) + display;
     return std::string("R") + static_cast<char>(message.size()) + message;
 }
 
