@@ -40,14 +40,6 @@ std::string outgoing(const std::string& frame, const std::string& address = "00 
     return lapd("04", address, frame);
 }
 
-std::string repeated(const std::string& text, unsigned count) {
-    std::string result;
-    for (; count > 0; --count) {
-        result += text;
-    }
-    return result;
-}
-
 // Imports a capture, and expects the header of the trace, the text after it, the exit status and the messages.
 void expect_import(const std::string& capture, const std::string& options, const std::string& header,
                    const std::string& body, int status, const std::string& messages) {
@@ -160,16 +152,14 @@ TEST(Import, LapdHasItsDirectionFromTheAddress) {
 
 TEST(Import, Lines) {
     // The line of what is no frame is not known; that of a frame which cannot be converted is.
-    const std::string capture = pcap_head(177) + packet(100, 123456, outgoing("41")) +
-                                packet(1, 0, incoming("42", "00 03")) + packet(1, 0, incoming("43")) +
-                                packet(1, 0, incoming("", "00 ff"));
-    const std::string trouble = left_out("packet 4", NO_OCTETS);
-    expect_import(capture, "-p dass2", AT_100_S, "14 01\n54 01 41\n52 01 42\n52 01 43\n", 1,
+    const std::string text = "100.123 T 41\nR [3] 42\nR 43\nR [255]\n";
+    const std::string trouble = left_out("line 4", NO_OCTETS);
+    expect_import(text, "-p dass2", AT_100_S, "14 01\n54 01 41\n52 01 42\n52 01 43\n", 1,
                   trouble + summary(3, 4, 0, 1) + merged("2 lines (0, 3)"));
-    expect_import(capture, "-p dass2 -l 0", AT_100_S, "14 01\n54 01 41\n52 01 43\n", 0,
+    expect_import(text, "-p dass2 -l 0", AT_100_S, "14 01\n54 01 41\n52 01 43\n", 0,
                   summary(2, 4, 0, 0, "2 of other lines, "));
-    expect_import(capture + packet(1, 0, "00 04"), "-p 0 -l 255", AT_0_S, "00 01\n", 1,
-                  trouble + left_out("packet 5", NO_LAPD) + summary(0, 5, 0, 2, "3 of other lines, "));
+    expect_import(text + "x", "-p 0 -l 255", AT_0_S, "00 01\n", 1,
+                  trouble + left_out("line 5", NO_FORM) + summary(0, 5, 0, 2, "3 of other lines, "));
     expect_import("R [4] 01\nT [5] 02\n", "-p 255 -l 5", AT_0_S, "ff 01\n54 05 01 02\n", 0,
                   summary(1, 2, 0, 0, "1 of other lines, "));
     std::string many;
@@ -392,9 +382,9 @@ TEST(Captures, PermissionsOfNewFiles) {
 }
 
 // Each command must fail with that message, and make no file "o".
-void expect_failures(const Folder& folder, std::initializer_list<std::pair<const char*, std::string>> failures) {
+void expect_failures(const Folder& folder, std::initializer_list<std::pair<std::string, std::string>> failures) {
     for (const auto& [command, message] : failures) {
-        const Folder::Outcome outcome = run(folder, "(" + std::string(command) + "); s=$?; [ ! -e o ] || s=5; exit $s");
+        const Folder::Outcome outcome = run(folder, "(" + command + "); s=$?; [ ! -e o ] || s=5; exit $s");
         EXPECT_EQ(outcome.status, 1) << command;
         EXPECT_EQ(outcome.terminal, message) << command;
     }
@@ -430,29 +420,20 @@ TEST(Captures, ThatCannotBeRead) {
 TEST(Captures, CommandLineThatIsWrong) {
     const std::string import_usage = "usage: quandrix-import [-d] [-l LINE] -p PROTOCOL CAPTURE TRACE\n";
     const std::string export_usage = "usage: quandrix-export [-d] [-l LINE] TRACE CAPTURE\n";
-    for (const auto& [command, why] : {
-             std::pair("IMPORT t o", "no -p PROTOCOL"),
-             {"IMPORT -p", "option -p lacks its value"},
-             {"IMPORT t o -p net6", "no PROTOCOL (--help lists them): net6"},
-             {"IMPORT -p 256 t o", "no PROTOCOL (--help lists them): 256"},
-             {"IMPORT -p 1x t o", "no PROTOCOL (--help lists them): 1x"},
-             {"IMPORT -p '' t o", "no PROTOCOL (--help lists them): "},
-             {"IMPORT -p 1 -l 256 t o", "no LINE of 0 to 255: 256"},
-             {"IMPORT -p 1", "no CAPTURE"},
-             {"IMPORT -p 1 t", "no TRACE"},
-             {"IMPORT -p 1 t o x", "one word too many: x"},
-             {"EXPORT", "no TRACE"},
-             {"EXPORT t o -l -1", "no LINE of 0 to 255: -1"},
-             {"EXPORT t o -dx", "unknown option -x"},
-             {"EXPORT --hex t o", "unknown option --hex"},
-             {"EXPORT --help=all t o", "unknown option --help=all"},
-             {"EXPORT --version=2 t o", "unknown option --version=2"},
-             {"EXPORT -- t o -d", "one word too many: -d"},
-         }) {
+    for (const std::string row :
+         {"IMPORT t o: no -p PROTOCOL", "IMPORT -p: option -p lacks its value", "IMPORT -p 1: no CAPTURE",
+          "IMPORT t o -p net6: no PROTOCOL (--help lists them): net6", "IMPORT -p 1 t: no TRACE",
+          "IMPORT -p 256 t o: no PROTOCOL (--help lists them): 256", "EXPORT: no TRACE",
+          "IMPORT -p 1x t o: no PROTOCOL (--help lists them): 1x", "IMPORT -p 1 t o x: one word too many: x",
+          "IMPORT -p '' t o: no PROTOCOL (--help lists them): ", "EXPORT -- t o -d: one word too many: -d",
+          "IMPORT -p 1 -l 256 t o: no LINE of 0 to 255: 256", "EXPORT t o -l -1: no LINE of 0 to 255: -1",
+          "EXPORT t o -dx: unknown option -x", "EXPORT --hex t o: unknown option --hex",
+          "EXPORT --help=all t o: unknown option --help=all", "EXPORT --version=2 t o: unknown option --version=2"}) {
+        const std::string command = row.substr(0, row.find(": "));
         const bool is_import = command[0] == 'I';
         const std::string program = is_import ? "quandrix-import: " : "quandrix-export: ";
-        expect_failures(Folder(),
-                        {{command, program + why + "\n" + program + (is_import ? import_usage : export_usage)}});
+        expect_failures(Folder(), {{command, program + row.substr(command.size() + 2) + "\n" + program +
+                                                 (is_import ? import_usage : export_usage)}});
     }
 }
 

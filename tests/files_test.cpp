@@ -16,15 +16,7 @@ class Files : public testing::Test {
  protected:
     void SetUp() override {
         folder.write("t", trace);
-        folder.write("h", ZERO_HEADER + "2 2" + hex_trace(4000));
-    }
-
-    static std::string hex_trace(unsigned records) {
-        std::string text;
-        for (; records > 0; --records) {
-            text += "\n" + RECORD.substr(0, RECORD.size() - 1);
-        }
-        return text;
+        folder.write("h", ZERO_HEADER + "2 2" + repeated("\n52 03 02 01 63", 4000));
     }
 
     // Runs the commands. The program must fail with that message after the banner, and must not change SOURCE.
@@ -44,6 +36,7 @@ class Files : public testing::Test {
 
     const Folder folder;
     const std::string trace = frames(4000);  // its report is larger than the buffer
+    const std::size_t report_size = PRI.size() + 4000 * FRAME.size();
     const std::string no_temporary_file =
         "ERROR:Fail to open temporary file.\nSuggestion:Delete temporary file(\"pritemp.log\") from your system, if it "
         "exist and try again\n";
@@ -148,7 +141,7 @@ TEST_F(Files, AreLockedByOtherRunsAndRemovedMeanwhile) {
         EXPECT_EQ(outcome.terminal, std::string("Waiting for another run to finish with pritemp.log\n") +
                                         "Waiting for another run to finish with " + file + "\n");
         if (file != std::string("pritemp.log")) {  // that holds the text of the last run
-            EXPECT_EQ(folder.read(file).size(), PRI.size() + 4000 * FRAME.size());
+            EXPECT_EQ(folder.read(file).size(), report_size);
         }
     }
 }
@@ -180,19 +173,18 @@ TEST_F(Files, ClosedStandardStreams) {
     const Folder::Outcome outcome =
         folder.run(HOLDER + "hold; (sleep 0.3; kill -9 $holder) & QUANDRIX t o <&- >&- 2>&-");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(folder.read("o").size(), PRI.size() + 4000 * FRAME.size());
+    EXPECT_EQ(folder.read("o").size(), report_size);
     EXPECT_EQ(folder.run("QUANDRIX h /dev/stdout -d >&-").status, 1);
 }
 
 TEST_F(Files, ReportIsTheTerminalText) {
-    for (const std::string command : {"QUANDRIX t >>t.res", "QUANDRIX h /dev/stdout -d >>t.res",
-                                      "QUANDRIX h t.res -d 2>>t.res >&2", "QUANDRIX h ./t.res -d 2>>t.res"}) {
+    for (const auto& [name, command] : {std::pair("t.res", "QUANDRIX t >>t.res"),
+                                        {"/dev/stdout", "QUANDRIX h /dev/stdout -d >>t.res"},
+                                        {"t.res", "QUANDRIX h t.res -d 2>>t.res >&2"},
+                                        {"./t.res", "QUANDRIX h ./t.res -d 2>>t.res"}}) {
         folder.write("t.res", "kept\n");
         const Folder::Outcome outcome = folder.run(command);
         EXPECT_EQ(outcome.status, 1);
-        const std::string name = command.find("/dev") != std::string::npos ? "/dev/stdout"
-                                 : command.find("./") != std::string::npos ? "./t.res"
-                                                                           : "t.res";
         EXPECT_EQ(folder.read("t.res") + outcome.terminal, "kept\n" + BANNER + cannot_open_report(name));
     }
     EXPECT_EQ(folder.run("QUANDRIX t o >>pritemp.log").status, 1);
@@ -227,9 +219,8 @@ TEST_F(Files, TraceIsRenamedDuringARun) {
     const Folder::Outcome outcome =
         folder.run("ln t o; ASAN_OPTIONS=detect_leaks=0 strace -o log -P t -e inject=openat:delay_exit=500000 " PROGRAM
                    " t o 2>errors & \n"
-                   "for try in $(seq 500); do ls -l /proc/[0-9]*/fd | grep -q \"$PWD/t$\" && break; done 2>errors; mv "
-                   "t moved; echo other >t; wait "
-                   "$!");
+                   "for try in $(seq 500); do ls -l /proc/[0-9]*/fd | grep -q \"$PWD/t$\" && break; done 2>errors\n"
+                   "mv t moved; echo other >t; wait $!");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.terminal, BANNER + cannot_open_report("o"));
     EXPECT_TRUE(folder.read("o") == trace);
@@ -242,8 +233,7 @@ TEST_F(Files, NewOnesAreAsPrivateAsTheTrace) {
     EXPECT_EQ(folder.run("umask 027; chmod 644 t" + modes).terminal, "640\n640\n");
     EXPECT_EQ(folder.run("chmod 600 t; touch t.res pritemp.log; chmod 646 t.res pritemp.log" + modes).terminal,
               "646\n646\n");
-    // An access control list on the trace (even one that denies) or in the folder: only the owner can use the new
-    // files.
+    // An access control list on the trace (even one that denies) or in the folder: the new files are the owner's alone.
     EXPECT_EQ(folder.run("umask 0; chmod 644 t; setfacl -m u:4444:- t" + modes).terminal, "600\n600\n");
     EXPECT_EQ(folder.run("umask 0; setfacl -b t; chmod 640 t; setfacl -d -m u:4444:rw ." + modes).terminal,
               "600\n600\n");
@@ -289,13 +279,13 @@ TEST_F(Files, KilledRunIsRepeated) {
                    "until [ -s pritemp.log ]; do :; done; kill -9 $!; wait $!; [ $? = 137 ] && cmp t copy");
     EXPECT_EQ(outcome.status, 0) << outcome.terminal;
     EXPECT_EQ(folder.run("QUANDRIX t").status, 0);
-    EXPECT_EQ(folder.read("t.res").size(), PRI.size() + 4000 * FRAME.size());
+    EXPECT_EQ(folder.read("t.res").size(), report_size);
 }
 
 TEST_F(Files, NamesOfAnyLength) {
     const std::string name = std::string(200, 'a') + "/../" + std::string(200, 'b');
     EXPECT_EQ(folder.run("mkdir " + name.substr(0, 200) + "; cp t " + name + "; QUANDRIX " + name).status, 0);
-    EXPECT_EQ(folder.read(name + ".res").size(), PRI.size() + 4000 * FRAME.size());
+    EXPECT_EQ(folder.read(name + ".res").size(), report_size);
 }
 
 // Shell commands: begin a loop over all samples.

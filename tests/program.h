@@ -35,14 +35,17 @@ inline const std::string PRI = "PROTOCOL TYPE                 : PRI 4ESS/5ESS\n"
 inline const std::string FRAME = "RECEIVE\nCommand=1   SAPI=0x00\nTEI=0x00\n    0x63  Unnumbered Acknowledgment\n\n";
 inline const std::string RECORD = "52 03 02 01 63 ";
 
-// That record, many times, as a binary trace.
-inline std::string frames(unsigned count) {
-    std::string trace = ZERO_HEADER + "\2\2";
+// A text, so many times.
+inline std::string repeated(const std::string& text, unsigned count) {
+    std::string result;
     for (; count > 0; --count) {
-        trace += bytes_of(RECORD);
+        result += text;
     }
-    return trace;
+    return result;
 }
+
+// That record, many times, as a binary trace.
+inline std::string frames(unsigned count) { return ZERO_HEADER + "\2\2" + repeated(bytes_of(RECORD), count); }
 
 // A file's whole contents; an empty text when it is missing.
 inline std::string contents(const std::filesystem::path& file) {

@@ -4,6 +4,10 @@
 BEGIN {
     FS = "\t"
     read_names("0 =I,1 0=RR,1 1=RNR,1 2=REJ,3 0=UI,3 3=DM,3 16=DISC,3 24=UA,3 27=SABME,3 33=FRMR,3 43=XID", kind)
+    read_names("C/R=lapd.cr,SAPI=lapd.sapi,TEI=lapd.tei,N(S)=lapd.control.n_s,N(R)=lapd.control.n_r," \
+               "flag=q931.call_ref_flag,reference=q931.call_ref,cause=q931.cause_value," \
+               "calling=q931.calling_party_number.digits,called=q931.called_party_number.digits," \
+               "selection=dpnss.selection_field,indication=dpnss.indication_field", field_of_item)
 }
 
 function read_names_of_columns(   i) {
@@ -18,27 +22,14 @@ function field(name,   text) {
 }
 
 function lapd_frame(   command, response) {
-    add("line", substr($column["frame.interface_name"], 6) + 0)
-    add("C/R", field("lapd.cr"))
-    add("SAPI", field("lapd.sapi"))
-    add("TEI", field("lapd.tei"))
     command = field("lapd.control.u_modifier_cmd")
     response = field("lapd.control.u_modifier_resp")
+    add("line", substr($column["frame.interface_name"], 6) + 0)
     add("frame", kind[field("lapd.control.ftype") " " field("lapd.control.s_ftype") command response])
     add("P/F", field("lapd.control.p") + field("lapd.control.f"))
     if (field("lapd.control.p") command != "") add("side", "command")
     if (field("lapd.control.f") response != "") add("side", "response")
-    add("N(S)", field("lapd.control.n_s"))
-    add("N(R)", field("lapd.control.n_r"))
-}
-
-function q931_message() {
-    add("flag", field("q931.call_ref_flag"))
-    add("reference", $column["q931.call_ref"])
     add("message", field("q931.message_type") field("q931.maintenance_message_type"))
-    add("calling", $column["q931.calling_party_number.digits"])
-    add("called", $column["q931.called_party_number.digits"])
-    add("cause", field("q931.cause_value"))
 }
 
 function dpnss_frame() {
@@ -48,8 +39,6 @@ function dpnss_frame() {
     if (field("dpnss.msg_grp_id") == "") return
     add("message", 16 * field("dpnss.msg_grp_id") + \
                    (field("dpnss.cc_msg_type") field("dpnss.e2e_msg_type") field("dpnss.lbl_msg_type")))
-    add("selection", field("dpnss.selection_field"))
-    add("indication", field("dpnss.indication_field"))
     add("cause", field("dpnss.clearing_cause") field("dpnss.rejection_cause"))
 }
 
@@ -59,12 +48,9 @@ NR == 1 { read_names_of_columns(); next }
     split(field("frame.time_epoch"), moment, ".")
     add("time", time_of(moment[1], substr(moment[2], 1, 3)))
     add("direction", field("frame.p2p_dir") == 0 ? "TRANSMIT" : "RECEIVE")
-    if ("lapd.cr" in column) {
-        lapd_frame()
-        q931_message()
-    } else {
-        dpnss_frame()
-    }
+    for (own in field_of_item) add(own, field(field_of_item[own]))
+    if ("lapd.cr" in column) lapd_frame()
+    else dpnss_frame()
     show_frame()
 }
 END { show_count(NR - 1) }
